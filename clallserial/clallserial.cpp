@@ -1,0 +1,1 @@
+#include "camlink/clserial.h"

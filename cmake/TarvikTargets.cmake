@@ -1,0 +1,73 @@
+# One function for each kind of target, so that a folder's list reads as a table of contents.
+
+# tarvik_logic(name SOURCES... [LINK targets...])
+# Logic needs no widget, port, file dialog or clock: Qt Core is all that it links.
+function(tarvik_logic name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINK")
+    add_library(${name} STATIC ${arg_UNPARSED_ARGUMENTS})
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    target_link_libraries(${name} PUBLIC tarvik_options Qt5::Core ${arg_LINK})
+endfunction()
+
+# tarvik_module(name SOURCES... [LINK targets...] [OBJECT])
+# Widgets and back ends. OBJECT: an object library, for files that register themselves and that
+# an archive would drop.
+function(tarvik_module name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "OBJECT" "" "LINK")
+    set(kind STATIC)
+    if(arg_OBJECT)
+        set(kind OBJECT)
+    endif()
+    add_library(${name} ${kind} ${arg_UNPARSED_ARGUMENTS})
+    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
+    target_link_libraries(${name} PUBLIC tarvik_options Qt5::Widgets ${arg_LINK})
+endfunction()
+
+# tarvik_test(name SOURCES... [LINK targets...] [LABELS labels...] [TIMEOUT s] [ARGS args...])
+# A Qt Test program; the test is called like the program. It needs no display, runs in a home of
+# its own, in the C locale and in a fixed time zone.
+function(tarvik_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "LINK;LABELS;ARGS")
+    add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
+    set_target_properties(${name} PROPERTIES AUTOMOC ON
+                          RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests/bin")
+    target_link_libraries(${name} PRIVATE tarvik_options Qt5::Test ${arg_LINK})
+    add_test(NAME ${name} COMMAND ${name} ${arg_ARGS})
+    tarvik_test_environment(${name})
+    if(NOT arg_TIMEOUT)
+        set(arg_TIMEOUT 120)
+    endif()
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}")
+endfunction()
+
+# tarvik_plain_test(name SOURCES... [LINK targets...] [TIMEOUT s])
+# The same for a program without Qt, as the serial library and the virtual camera use.
+function(tarvik_plain_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "LINK")
+    add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests/bin")
+    target_link_libraries(${name} PRIVATE tarvik_options ${arg_LINK})
+    add_test(NAME ${name} COMMAND ${name})
+    tarvik_test_environment(${name})
+    if(NOT arg_TIMEOUT)
+        set(arg_TIMEOUT 120)
+    endif()
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT})
+endfunction()
+
+function(tarvik_test_environment name)
+    set(home "${CMAKE_BINARY_DIR}/tests/home/${name}")
+    file(MAKE_DIRECTORY "${home}")
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT
+        "HOME=${home};XDG_CONFIG_HOME=${home}/.config;XDG_DATA_HOME=${home}/.local/share;QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TZ=Europe/Berlin;QT_LOGGING_RULES=;ASAN_OPTIONS=detect_leaks=1:new_delete_type_mismatch=0;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0;TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/tsan.supp:halt_on_error=1;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()
+
+# tarvik_bench(name SOURCES... [LINK targets...])
+# A benchmark: never part of the test run; it prints ratios of one run.
+function(tarvik_bench name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINK")
+    add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
+    set_target_properties(${name} PROPERTIES AUTOMOC ON
+                          RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bench/bin")
+    target_link_libraries(${name} PRIVATE tarvik_options ${arg_LINK})
+endfunction()

@@ -1,0 +1,87 @@
+#include "widgets/tcDialogs.h"
+
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace
+{
+
+tcDialogs* sInstalled = nullptr;
+
+template <typename T>
+std::optional<T> unlessCancelled(bool abOk, const T& acValue)
+{
+    return abOk ? std::optional<T>(acValue) : std::nullopt;
+}
+
+} // namespace
+
+tcDialogs& tcDialogs::current()
+{
+    static tcDialogs own;
+    return sInstalled ? *sInstalled : own;
+}
+
+void tcDialogs::install(tcDialogs* apDialogs)
+{
+    sInstalled = apDialogs;
+}
+
+QString tcDialogs::openFile(QWidget* apParent, const QString& acCaption, const QString& acStart,
+                            const QString& acFilter)
+{
+    return QFileDialog::getOpenFileName(apParent, acCaption, acStart, acFilter);
+}
+
+QString tcDialogs::saveFile(QWidget* apParent, const QString& acCaption, const QString& acStart,
+                            const QString& acFilter)
+{
+    return QFileDialog::getSaveFileName(apParent, acCaption, acStart, acFilter);
+}
+
+std::optional<QString> tcDialogs::text(QWidget* apParent, const QString& acTitle,
+                                       const QString& acLabel, const QString& acValue)
+{
+    bool ok = false;
+    const QString answer
+        = QInputDialog::getText(apParent, acTitle, acLabel, QLineEdit::Normal, acValue, &ok);
+    return unlessCancelled(ok, answer);
+}
+
+std::optional<int> tcDialogs::integer(QWidget* apParent, const QString& acTitle,
+                                      const QString& acLabel, const tcIntRange& acRange)
+{
+    bool ok = false;
+    const int answer
+        = QInputDialog::getInt(apParent, acTitle, acLabel, acRange.value, acRange.minimum,
+                               acRange.maximum, acRange.step, &ok);
+    return unlessCancelled(ok, answer);
+}
+
+std::optional<QString> tcDialogs::item(QWidget* apParent, const QString& acTitle,
+                                       const QString& acLabel, const QStringList& acItems)
+{
+    bool ok = false;
+    const QString answer
+        = QInputDialog::getItem(apParent, acTitle, acLabel, acItems, 0, false, &ok);
+    return unlessCancelled(ok, answer);
+}
+
+void tcDialogs::warning(QWidget* apParent, const QString& acTitle, const QString& acText)
+{
+    QMessageBox::warning(apParent, acTitle, acText, QMessageBox::Ok);
+}
+
+void tcDialogs::information(QWidget* apParent, const QString& acTitle, const QString& acText)
+{
+    QMessageBox::information(apParent, acTitle, acText, QMessageBox::Ok);
+}
+
+void tcDialogs::about(const QString& acTitle, const QString& acRichText)
+{
+    QMessageBox box(QMessageBox::NoIcon, acTitle, acRichText, QMessageBox::Ok);
+    box.setTextFormat(Qt::RichText);
+    box.setTextInteractionFlags(Qt::TextBrowserInteraction);
+    box.exec();
+}
