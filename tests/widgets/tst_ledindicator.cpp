@@ -1,0 +1,138 @@
+#include "widgets/LedIndicator.h"
+
+#include <QImage>
+#include <QTest>
+
+namespace
+{
+
+/// The lamp painted over white, without a window behind it.
+QImage picture(LedIndicator& arLed)
+{
+    QImage image(arLed.size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    arLed.render(&image, {}, {}, QWidget::RenderFlags());
+    return image;
+}
+
+/// A pixel inside the circle's visible part: down and right of the centre.
+QColor lampColor(LedIndicator& arLed)
+{
+    const QImage image = picture(arLed);
+    return image.pixelColor(image.width() - 3, image.height() - 3);
+}
+
+} // namespace
+
+class tst_LedIndicator : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void newLampIsOffAndRed();
+    void onIsGreen();
+    void switchingTwiceReturnsToTheFirstColour();
+    void toggleDoesTheSameAsTheSlot();
+    void offColourCanBeSet();
+    void sizeFollowsTheDiameter_data();
+    void sizeFollowsTheDiameter();
+    void circleStartsAtTheCentre();
+    void circleIsAsLargeAsItsDiameter();
+};
+
+void tst_LedIndicator::newLampIsOffAndRed()
+{
+    LedIndicator led;
+    QVERIFY(!led.state());
+    QCOMPARE(led.minimumSize(), QSize(28, 28));
+    QCOMPARE(led.maximumSize(), QSize(28, 28));
+    QCOMPARE(lampColor(led), QColor(Qt::red));
+}
+
+void tst_LedIndicator::onIsGreen()
+{
+    LedIndicator led;
+    led.setState(true);
+    QVERIFY(led.state());
+    QCOMPARE(lampColor(led), QColor(Qt::green));
+    led.setState(true);
+    QVERIFY(led.state());
+}
+
+void tst_LedIndicator::switchingTwiceReturnsToTheFirstColour()
+{
+    LedIndicator led;
+    QVERIFY(QMetaObject::invokeMethod(&led, "switchLedIndicator"));
+    QCOMPARE(lampColor(led), QColor(Qt::green));
+    led.switchLedIndicator();
+    QCOMPARE(lampColor(led), QColor(Qt::red));
+}
+
+void tst_LedIndicator::toggleDoesTheSameAsTheSlot()
+{
+    LedIndicator led;
+    led.toggle();
+    QVERIFY(led.state());
+    led.switchLedIndicator();
+    QVERIFY(!led.state());
+}
+
+void tst_LedIndicator::offColourCanBeSet()
+{
+    LedIndicator led;
+    led.setOffColor(Qt::gray);
+    QCOMPARE(lampColor(led), QColor(Qt::gray));
+    led.setState(true);
+    QCOMPARE(lampColor(led), QColor(Qt::green));
+}
+
+void tst_LedIndicator::sizeFollowsTheDiameter_data()
+{
+    QTest::addColumn<int>("diameter");
+    QTest::addColumn<int>("side");
+    QTest::newRow("receive lamp") << 8 << 18;
+    QTest::newRow("thirty") << 30 << 40;
+    QTest::newRow("nothing") << 0 << 10;
+}
+
+void tst_LedIndicator::sizeFollowsTheDiameter()
+{
+    QFETCH(int, diameter);
+    QFETCH(int, side);
+    LedIndicator led;
+    led.setLedSize(diameter);
+    QCOMPARE(led.minimumSize(), QSize(side, side));
+    QCOMPARE(led.maximumSize(), QSize(side, side));
+}
+
+// As designed: the circle's rectangle begins at the centre, so three quarters of the widget
+// stay empty.
+void tst_LedIndicator::circleStartsAtTheCentre()
+{
+    LedIndicator led;
+    led.resize(28, 28);
+    const QImage image = picture(led);
+    for (int y = 0; y < 28; ++y) {
+        for (int x = 0; x < 28; ++x) {
+            if (x < 13 || y < 13)
+                QVERIFY2(image.pixelColor(x, y) != QColor(Qt::red),
+                         qPrintable(QStringLiteral("red at %1,%2").arg(x).arg(y)));
+        }
+    }
+    QCOMPARE(image.pixelColor(24, 24), QColor(Qt::red));
+    // Its corner is cut round: a square would be red here.
+    QVERIFY(image.pixelColor(15, 15) != QColor(Qt::red));
+}
+
+void tst_LedIndicator::circleIsAsLargeAsItsDiameter()
+{
+    LedIndicator led;
+    led.setLedSize(8);
+    const QImage image = picture(led);
+    // 18 x 18: the circle's box is 9..17, its middle 13.
+    QCOMPARE(image.pixelColor(13, 13), QColor(Qt::red));
+    QVERIFY(image.pixelColor(17, 9) != QColor(Qt::red));
+}
+
+QTEST_MAIN(tst_LedIndicator)
+#include "tst_ledindicator.moc"
