@@ -144,7 +144,7 @@ qint32 tcFakeSerial::read(void* apRef, char* apBuffer, quint32* apSize, quint32 
     const QByteArray piece = mReady.left(asked);
     mReady.remove(0, piece.size());
     std::memcpy(apBuffer, piece.constData(), static_cast<size_t>(piece.size()));
-    *apSize = static_cast<quint32>(piece.size());
+    *apSize = claimedReadSize.value_or(static_cast<quint32>(piece.size()));
     return partial ? partialStatus : CL_ERR_NO_ERR;
 }
 

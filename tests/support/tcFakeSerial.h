@@ -27,9 +27,9 @@ public:
     {
         QByteArray function;
         quintptr ref = 0;
-        quint32 number = 0; ///< port index, baud code, size asked for, or 0
-        quint32 timeoutMs = 0;
-        QByteArray bytes; ///< what was written, or the manufacturer of an error text
+        quint32 number = 0;    ///< port index, baud code, size asked for, or 0
+        quint32 timeoutMs = 0; ///< or the room that a text is asked with
+        QByteArray bytes;      ///< what was written, or the manufacturer of an error text
     };
     enum class teTimeout
     {
@@ -44,8 +44,9 @@ public:
     std::optional<quint32> portCount; ///< said instead of the number of ports
     teTimeout timeout = teTimeout::Partial;
     qint32 partialStatus = -10004; ///< of a partial read: time-out, or 0 with some libraries
-    std::optional<quint32> availableCount; ///< said instead of what waits
-    std::optional<quint32> shortWrite;     ///< size handed back by a write
+    std::optional<quint32> availableCount;  ///< said instead of what waits
+    std::optional<quint32> claimedReadSize; ///< size handed back by a read, whatever was copied
+    std::optional<quint32> shortWrite;      ///< size handed back by a write
     QByteArray errorText = "the driver's own words";
     bool errorTextWithoutNul = false;
     /// From now on the function answers this status and does nothing else.
@@ -58,6 +59,8 @@ public:
     /// The camera sends: bytes of a later portion become available when the ones before it have
     /// been read and the count was asked once more.
     void receive(const QByteArray& acPortion);
+    /// Available at once, behind what waits already.
+    void feedAtOnce(const QByteArray& acBytes) { mReady += acBytes; }
     qint64 waiting() const; ///< bytes in all portions
 
     QList<tcCall> calls;

@@ -1,0 +1,110 @@
+#include "camlink/tcBasicPanel.h"
+
+#include "camlink/logic/tcWireCommand.h"
+#include "widgets/tcDialogs.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+
+namespace
+{
+
+constexpr int cPollIntervalMs = 100;
+constexpr quint32 cReadBlock = 128;
+constexpr quint32 cReadTimeoutMs = 100;
+constexpr quint32 cWriteTimeoutMs = 100;
+constexpr quint32 cFileTimeoutMs = 1000;
+constexpr int cDrainSliceMs = 50;
+constexpr int cEmptyReads = 2; ///< a driver may succeed with nothing; it won't keep the window
+
+/// Both panels show the same words, so they share one translation.
+QString text(const char* acText)
+{
+    return QCoreApplication::translate("tcBasicPanel", acText);
+}
+
+} // namespace
+
+tcBasicPanel::tcBasicPanel(const tcPresetTable& acPresets, QWidget* apParent)
+    : tcCamlinkIface(apParent), mPresets(acPresets)
+{
+    mRxTimer.setInterval(cPollIntervalMs);
+}
+
+void tcBasicPanel::fillPresets()
+{
+    for (int index = 0; index < mPresets.count; ++index)
+        mPresetsCB->addItem(QString::fromLatin1(mPresets.first[index].label));
+}
+
+void tcBasicPanel::openPort(tcSerialLink::tcRef aRef)
+{
+    mSerialRef = aRef;
+    mReceived.reset();
+    if (tcSerialLink::setBaudRate(mSerialRef) == 0)
+        mRxTimer.start();
+    else
+        showText(text("Unable to set baud rate!"));
+}
+
+void tcBasicPanel::closePort()
+{
+    mRxTimer.stop();
+    mSerialRef = 0;
+}
+
+void tcBasicPanel::drainReceived()
+{
+    const tcSerialLink::tcAvailable available = tcSerialLink::bytesAvailable(mSerialRef);
+    if (available.status != 0 || available.bytes == 0)
+        return;
+    QElapsedTimer slice;
+    slice.start();
+    int emptyReads = 0;
+    tcSerialLink::tcReadResult block;
+    do {
+        block = tcSerialLink::read(mSerialRef, cReadBlock, cReadTimeoutMs);
+        // A block cut short by the time-out still carries the end of a reply.
+        if (!block.bytes.isEmpty())
+            showText(mReceived.append(block.bytes));
+        emptyReads = block.bytes.isEmpty() ? emptyReads + 1 : 0;
+    } while (block.status == 0 && emptyReads < cEmptyReads && mSerialRef != 0
+             && slice.elapsed() < cDrainSliceMs);
+}
+
+void tcBasicPanel::sendTypedCommand()
+{
+    if (mSerialRef == 0)
+        return;
+    tcSerialLink::write(mSerialRef, tcWireCommand::bytes(mCommandLE->text()), cWriteTimeoutMs);
+}
+
+void tcBasicPanel::sendChosenPreset()
+{
+    const int index = mPresetsCB->currentIndex();
+    if (mSerialRef == 0 || index < 0 || index >= mPresets.count)
+        return;
+    tcSerialLink::write(mSerialRef, mPresets.first[index].script, cWriteTimeoutMs);
+}
+
+void tcBasicPanel::sendChosenFile()
+{
+    if (mSerialRef == 0)
+        return;
+    const QString name = tcDialogs::current().openFile(this, text("Custom Preset File"), {},
+                                                       text("preset files (*.txt)"));
+    QFile file(name);
+    if (name.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return;
+    QByteArray script = file.readAll();
+    script.truncate(static_cast<int>(qstrnlen(script.constData(), uint(script.size()))));
+    if (mSerialRef != 0) // the port may have been closed behind the dialog
+        tcSerialLink::write(mSerialRef, script, cFileTimeoutMs);
+}
+
+void tcBasicPanel::showText(const QString& acText)
+{
+    // As designed: at the cursor, so whoever clicks into the view sees later replies there.
+    mResponsePTE->insertPlainText(acText);
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "camlink/tcBasicPanel.h"
+
+#include <memory>
+
+namespace Ui
+{
+class VexaR70;
+}
+
+/// Panel of the Vexa-R70.
+class tcVexaR70 : public tcBasicPanel
+{
+    Q_OBJECT
+
+public:
+    explicit tcVexaR70(QWidget* apParent = nullptr);
+    ~tcVexaR70() override;
+
+    QString name() const override;
+
+public Q_SLOTS:
+    void CheckRxData() { drainReceived(); }
+    void SendCommand() { sendTypedCommand(); }
+    void SendPreset() { sendChosenPreset(); }
+    void SendFile() { sendChosenFile(); }
+    void addText(QString acText) { showText(acText); }
+
+private:
+    std::unique_ptr<Ui::VexaR70> mForm;
+};

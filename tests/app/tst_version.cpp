@@ -1,0 +1,42 @@
+#include "app/logic/tcVersion.h"
+
+#include <QDateTime>
+#include <QLocale>
+#include <QRegularExpression>
+#include <QTest>
+
+class tst_Version : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void shortText() { QCOMPARE(tcVersion::text(false), QString("1.5.0")); }
+    void detailedText();
+    void descriptionIsAbbreviatedRevisionAndSubject();
+    void buildDateReadsAsWeekdayMonthDayTimeYear();
+};
+
+void tst_Version::detailedText()
+{
+    QVERIFY(QRegularExpression("^[0-9a-f]{40}$").match(tcVersion::revision()).hasMatch());
+    QCOMPARE(tcVersion::text(true), "1.5.0 build 17 - git revision: " + tcVersion::revision());
+}
+
+void tst_Version::descriptionIsAbbreviatedRevisionAndSubject()
+{
+    const QString description = tcVersion::vcsDescription();
+    QCOMPARE(description.left(9), tcVersion::revision().left(8) + ' ');
+    QVERIFY(description.size() > 9);
+    QVERIFY(!description.contains('\n'));
+}
+
+void tst_Version::buildDateReadsAsWeekdayMonthDayTimeYear()
+{
+    const QDateTime built
+        = QLocale::c().toDateTime(tcVersion::buildDate(), "ddd MMM dd hh:mm:ss yyyy");
+    QVERIFY2(built.isValid(), qPrintable(tcVersion::buildDate()));
+    QVERIFY(built.date().year() >= 2020);
+}
+
+QTEST_GUILESS_MAIN(tst_Version)
+#include "tst_version.moc"

@@ -1,0 +1,641 @@
+#include "camlink/logic/tcBasicPresets.h"
+#include "camlink/tcVexaR60.h"
+#include "camlink/tcVexaR70.h"
+#include "tests/support/tcFakeSerial.h"
+#include "tests/support/tcScriptedDialogs.h"
+
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMetaMethod>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <memory>
+
+namespace
+{
+
+struct tcPanelUnderTest
+{
+    const char* name;
+    const tcPreset* presets;
+    int presetCount;
+    tcCamlinkIface* (*make)();
+};
+
+const tcPanelUnderTest cPanels[] = {
+    {"Vexa-R60", tcBasicPresets::cR60.data(), int(tcBasicPresets::cR60.size()),
+     []() -> tcCamlinkIface* { return new tcVexaR60; }},
+    {"Vexa-R70", tcBasicPresets::cR70.data(), int(tcBasicPresets::cR70.size()),
+     []() -> tcCamlinkIface* { return new tcVexaR70; }},
+};
+
+} // namespace
+
+/// One text for both panels: every test runs against each.
+class tst_BasicPanels : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase_data();
+    void init();
+    void cleanup();
+
+    void nameAndForm();
+    void slotsInTheirOrder();
+    void widgetTexts_data();
+    void widgetTexts();
+    void spinBoxes_data();
+    void spinBoxes();
+    void hiddenGroups();
+    void widgetsFromTopToBottom();
+    void labelsOfRegionAreWide();
+    void presetsInTableOrder();
+    void responseViewIsReadOnly();
+
+    void openSetsTheBaudRateAndPolls();
+    void baudRefusedIsToldAndNothingPolls();
+    void closeStopsPolling();
+    void closedSendsNothing();
+    void returnAndButtonSendTheSame();
+    void emptyCommandIsALineFeed();
+    void longCommandKeepsItsLineFeed();
+    void commandStaysInItsLine();
+    void eachPresetGoesInOneWrite();
+    void fileDialogWording();
+    void fileIsSentUpToItsNul();
+    void fileOfWindowsLineEndsIsReadAsText();
+    void fileThatCannotBeOpened();
+    void portClosedBehindTheFileDialog();
+
+    void replyIsShown();
+    void controlCharactersNeverShow();
+    void longReplyComesInBlocksOf128();
+    void strictDriverKeepsTheTailQueued();
+    void replySplitAtEveryPosition();
+    void repliesGoWhereTheCursorIs();
+    void messagesGoWhereTheCursorIs();
+    void failingCountReadsNothing();
+    void failingReadEndsTheDrain();
+    void twoEmptyReadsEndTheDrain();
+    void floodLeavesAfterItsSlice();
+    void unpluggedWhileOpen();
+    void nothingOfTheLastPortIsLeft();
+    void writeFailuresAreSilent();
+    void neverAsksToClose();
+
+private:
+    template <class T>
+    T* child(const char* acName) const;
+    void open();
+    void tick();
+    QString shown() const;
+    const tcPanelUnderTest& kind() const;
+
+    tcFakeSerial& mFake = tcFakeSerial::instance();
+    std::unique_ptr<tcCamlinkIface> mPanel;
+    tcSerialLink::tcRef mRef = 0;
+};
+
+void tst_BasicPanels::initTestCase_data()
+{
+    QTest::addColumn<int>("kind");
+    for (int index = 0; index < 2; ++index)
+        QTest::newRow(cPanels[index].name) << index;
+}
+
+const tcPanelUnderTest& tst_BasicPanels::kind() const
+{
+    QFETCH_GLOBAL(int, kind);
+    return cPanels[kind];
+}
+
+void tst_BasicPanels::init()
+{
+    mFake.reset();
+    mPanel.reset(kind().make());
+    mRef = 0;
+}
+
+void tst_BasicPanels::cleanup()
+{
+    mPanel->closePort();
+    tcSerialLink::close(mRef);
+    QCOMPARE(mFake.misuse, QStringList());
+    mPanel.reset();
+}
+
+template <class T>
+T* tst_BasicPanels::child(const char* acName) const
+{
+    T* found = mPanel->findChild<T*>(QString::fromLatin1(acName));
+    Q_ASSERT(found);
+    return found;
+}
+
+void tst_BasicPanels::open()
+{
+    mRef = tcSerialLink::open(0).ref;
+    mPanel->openPort(mRef);
+}
+
+void tst_BasicPanels::tick()
+{
+    QVERIFY(QMetaObject::invokeMethod(mPanel.get(), "CheckRxData", Qt::DirectConnection));
+}
+
+QString tst_BasicPanels::shown() const
+{
+    return child<QPlainTextEdit>("PortRespPTE")->toPlainText();
+}
+
+void tst_BasicPanels::nameAndForm()
+{
+    QCOMPARE(mPanel->name(), QString(kind().name));
+    QCOMPARE(mPanel->windowTitle(), QString(kind().name));
+    QCOMPARE(mPanel->objectName(), QString(kind().name).remove('-'));
+    QCOMPARE(mPanel->size(), QSize(380, 492));
+}
+
+void tst_BasicPanels::slotsInTheirOrder()
+{
+    const QMetaObject* meta = mPanel->metaObject();
+    QStringList methods;
+    for (int index = meta->methodOffset(); index < meta->methodCount(); ++index)
+        methods.append(QString::fromLatin1(meta->method(index).methodSignature()));
+    QCOMPARE(methods,
+             (QStringList{"CheckRxData()", "SendCommand()", "SendPreset()", "SendFile()",
+                          "addText(QString)"}));
+}
+
+void tst_BasicPanels::widgetTexts_data()
+{
+    QTest::addColumn<QString>("object");
+    QTest::addColumn<QString>("property");
+    QTest::addColumn<QString>("text");
+    const char* const rows[][3] = {
+        {"label", "text", "Preset"},
+        {"SendPresetPB", "text", "Send"},
+        {"SendCustomPB", "text", "Send Custom"},
+        {"TimingGroupBox", "title", "Timing"},
+        {"label_6", "text", "Exposure Time [ms]"},
+        {"label_5", "text", "Frame Interval Time [ms] "},
+        {"ROIGroupBox", "title", "ROI"},
+        {"label_2", "text", "Start Row"},
+        {"label_3", "text", "End Row"},
+        {"label_4", "text", "Start Col"},
+        {"label_8", "text", "End Col"},
+        {"SendCommandPB", "text", "Send"},
+        {"exposureSpinBox", "toolTip", "Exposure time in milliseconds."},
+        {"intervalSpinBox", "toolTip",
+         "For multiframe reads, specifies the interval between capture cycles."},
+        {"startRow", "toolTip", "Start Row for area readout capture."},
+        {"endRow", "toolTip", "End Row for area readout capture."},
+        {"startCol", "toolTip", "start column for area readout capture."},
+        {"endCol", "toolTip", "End column for area readout capture."},
+    };
+    for (const auto& row : rows)
+        QTest::newRow(row[0]) << row[0] << row[1] << row[2];
+}
+
+void tst_BasicPanels::widgetTexts()
+{
+    QFETCH(QString, object);
+    QFETCH(QString, property);
+    const auto* widget = mPanel->findChild<QWidget*>(object);
+    QVERIFY(widget);
+    QTEST(widget->property(property.toLatin1().constData()).toString(), "text");
+}
+
+void tst_BasicPanels::spinBoxes_data()
+{
+    QTest::addColumn<QString>("object");
+    QTest::addColumn<int>("minimum");
+    QTest::addColumn<int>("maximum");
+    QTest::addColumn<int>("value");
+    QTest::newRow("exposure") << "exposureSpinBox" << 0 << 24000000 << 20;
+    QTest::newRow("interval") << "intervalSpinBox" << 10 << 65535 << 1000;
+    QTest::newRow("start row") << "startRow" << 0 << 1000 << 0;
+    QTest::newRow("end row") << "endRow" << 0 << 1000 << 0;
+    QTest::newRow("start column") << "startCol" << 0 << 1000 << 0;
+    QTest::newRow("end column") << "endCol" << 0 << 10000 << 1023;
+}
+
+void tst_BasicPanels::spinBoxes()
+{
+    QFETCH(QString, object);
+    const auto* box = mPanel->findChild<QSpinBox*>(object);
+    QVERIFY(box);
+    QTEST(box->minimum(), "minimum");
+    QTEST(box->maximum(), "maximum");
+    QTEST(box->value(), "value");
+}
+
+void tst_BasicPanels::hiddenGroups()
+{
+    mPanel->show();
+    QVERIFY(child<QGroupBox>("TimingGroupBox")->isHidden());
+    QVERIFY(child<QGroupBox>("ROIGroupBox")->isHidden());
+}
+
+void tst_BasicPanels::widgetsFromTopToBottom()
+{
+    mPanel->show();
+    QVERIFY(QTest::qWaitForWindowExposed(mPanel.get()));
+    // Rows of the form, each beginning where the one above ends.
+    const char* const rows[] = {"presetsCB", "CommandLE", "PortRespPTE"};
+    int bottom = 0;
+    for (const char* name : rows) {
+        const QRect place = child<QWidget>(name)->geometry();
+        QVERIFY2(place.top() > bottom, name);
+        bottom = place.bottom();
+    }
+}
+
+void tst_BasicPanels::labelsOfRegionAreWide()
+{
+    for (const char* name : {"label_2", "label_3", "label_4", "label_8"})
+        QVERIFY2(child<QLabel>(name)->minimumWidth() >= 50, name);
+}
+
+void tst_BasicPanels::presetsInTableOrder()
+{
+    const auto* box = child<QComboBox>("presetsCB");
+    QCOMPARE(box->count(), kind().presetCount);
+    for (int index = 0; index < box->count(); ++index) {
+        QCOMPARE(box->itemText(index), QString(kind().presets[index].label));
+        QVERIFY(!box->itemData(index).isValid());
+    }
+}
+
+void tst_BasicPanels::responseViewIsReadOnly()
+{
+    auto* view = child<QPlainTextEdit>("PortRespPTE");
+    QVERIFY(view->isReadOnly());
+    QTest::keyClicks(view, "typed");
+    QCOMPARE(shown(), QString());
+}
+
+void tst_BasicPanels::openSetsTheBaudRateAndPolls()
+{
+    open();
+    QCOMPARE(mFake.callsOf("clSetBaudRate").size(), 1);
+    QCOMPARE(mFake.callsOf("clSetBaudRate").at(0).number, 16u);
+    mFake.receive("<VERS>");
+    QTRY_COMPARE(shown(), QString("<VERS>"));
+    const auto* timer = mPanel->findChild<QTimer*>();
+    QVERIFY(!timer || timer->interval() == 100);
+}
+
+void tst_BasicPanels::baudRefusedIsToldAndNothingPolls()
+{
+    mFake.failing["clSetBaudRate"] = -10008;
+    open();
+    QCOMPARE(shown(), QString("Unable to set baud rate!"));
+    // Whatever time passes: nothing asks for bytes. A poll of another panel marks the time.
+    QElapsedTimer clock;
+    clock.start();
+    QTRY_VERIFY(clock.elapsed() > 250);
+    QVERIFY(mFake.callsOf("clGetNumBytesAvail").isEmpty());
+}
+
+void tst_BasicPanels::closeStopsPolling()
+{
+    open();
+    mPanel->closePort();
+    mFake.calls.clear();
+    QElapsedTimer clock;
+    clock.start();
+    QTRY_VERIFY(clock.elapsed() > 250);
+    QVERIFY(mFake.calls.isEmpty());
+}
+
+void tst_BasicPanels::closedSendsNothing()
+{
+    tcScriptedDialogs dialogs;
+    child<QLineEdit>("CommandLE")->setText("VERS");
+    for (const char* name : {"SendCommandPB", "SendPresetPB", "SendCustomPB"})
+        child<QPushButton>(name)->click();
+    QTest::keyClick(child<QLineEdit>("CommandLE"), Qt::Key_Return);
+    QVERIFY(mFake.calls.isEmpty());
+    QVERIFY(dialogs.asked.isEmpty());
+    QCOMPARE(shown(), QString());
+}
+
+void tst_BasicPanels::returnAndButtonSendTheSame()
+{
+    open();
+    auto* line = child<QLineEdit>("CommandLE");
+    line->setText("text");
+    QTest::keyClick(line, Qt::Key_Return);
+    child<QPushButton>("SendCommandPB")->click();
+    QCOMPARE(mFake.writes(), (QList<QByteArray>{"text\n", "text\n"}));
+    QCOMPARE(mFake.callsOf("clSerialWrite").at(0).timeoutMs, 100u);
+}
+
+void tst_BasicPanels::emptyCommandIsALineFeed()
+{
+    open();
+    child<QPushButton>("SendCommandPB")->click();
+    QCOMPARE(mFake.writes(), QList<QByteArray>{"\n"});
+}
+
+void tst_BasicPanels::longCommandKeepsItsLineFeed()
+{
+    open();
+    child<QLineEdit>("CommandLE")->setText(QString(200, 'x'));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^Command cut to 126 of 200 bytes"));
+    child<QPushButton>("SendCommandPB")->click();
+    QCOMPARE(mFake.writes(), QList<QByteArray>{QByteArray(126, 'x') + '\n'});
+}
+
+void tst_BasicPanels::commandStaysInItsLine()
+{
+    open();
+    child<QLineEdit>("CommandLE")->setText("VERS");
+    child<QPushButton>("SendCommandPB")->click();
+    QCOMPARE(child<QLineEdit>("CommandLE")->text(), QString("VERS"));
+    QCOMPARE(shown(), QString());
+}
+
+void tst_BasicPanels::eachPresetGoesInOneWrite()
+{
+    open();
+    QList<QByteArray> scripts;
+    for (int index = 0; index < kind().presetCount; ++index) {
+        child<QComboBox>("presetsCB")->setCurrentIndex(index);
+        child<QPushButton>("SendPresetPB")->click();
+        scripts.append(kind().presets[index].script);
+    }
+    QCOMPARE(mFake.writes(), scripts);
+    QCOMPARE(mFake.callsOf("clSerialWrite").at(0).timeoutMs, 100u);
+}
+
+void tst_BasicPanels::fileDialogWording()
+{
+    tcScriptedDialogs dialogs;
+    open();
+    child<QPushButton>("SendCustomPB")->click();
+    QCOMPARE(dialogs.asked.size(), 1);
+    QCOMPARE(dialogs.asked.at(0).kind, QString("openFile"));
+    QCOMPARE(dialogs.asked.at(0).title, QString("Custom Preset File"));
+    QCOMPARE(dialogs.asked.at(0).text, QString());
+    QCOMPARE(dialogs.asked.at(0).detail, QString("preset files (*.txt)"));
+    QVERIFY(mFake.writes().isEmpty());
+}
+
+void tst_BasicPanels::fileIsSentUpToItsNul()
+{
+    QTemporaryDir folder;
+    tcScriptedDialogs dialogs;
+    dialogs.fileAnswer = folder.filePath("100%1 %s.txt");
+    QFile file(dialogs.fileAnswer);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray("<STOP>\n<STRT>\n\0<RSET>\n", 22));
+    file.close();
+    open();
+    child<QPushButton>("SendCustomPB")->click();
+    QCOMPARE(mFake.writes(), QList<QByteArray>{"<STOP>\n<STRT>\n"});
+    QCOMPARE(mFake.callsOf("clSerialWrite").at(0).timeoutMs, 1000u);
+    QCOMPARE(shown(), QString());
+}
+
+void tst_BasicPanels::fileOfWindowsLineEndsIsReadAsText()
+{
+    QTemporaryDir folder;
+    tcScriptedDialogs dialogs;
+    dialogs.fileAnswer = folder.filePath("preset.txt");
+    QFile file(dialogs.fileAnswer);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("<STOP>\r\n<STRT>\r\n");
+    file.close();
+    open();
+    child<QPushButton>("SendCustomPB")->click();
+    QCOMPARE(mFake.writes(), QList<QByteArray>{"<STOP>\n<STRT>\n"});
+}
+
+void tst_BasicPanels::fileThatCannotBeOpened()
+{
+    QTemporaryDir folder;
+    tcScriptedDialogs dialogs;
+    open();
+    for (const QString& name : {folder.filePath("absent.txt"), folder.path()}) {
+        dialogs.fileAnswer = name;
+        child<QPushButton>("SendCustomPB")->click();
+    }
+    QVERIFY(mFake.writes().isEmpty());
+    QCOMPARE(shown(), QString());
+}
+
+void tst_BasicPanels::portClosedBehindTheFileDialog()
+{
+    QTemporaryDir folder;
+    tcScriptedDialogs dialogs;
+    dialogs.fileAnswer = folder.filePath("preset.txt");
+    QFile file(dialogs.fileAnswer);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("<STOP>\n");
+    file.close();
+    dialogs.whileOpen = [this] { mPanel->closePort(); };
+    open();
+    child<QPushButton>("SendCustomPB")->click();
+    QVERIFY(mFake.writes().isEmpty());
+}
+
+void tst_BasicPanels::replyIsShown()
+{
+    open();
+    mFake.receive("<VERS><ACK><1.0>\r\n");
+    tick();
+    QCOMPARE(shown(), QString("<VERS><ACK><1.0>\n"));
+    const auto read = mFake.callsOf("clSerialRead").at(0);
+    QCOMPARE(read.number, 128u);
+    QCOMPARE(read.timeoutMs, 100u);
+}
+
+void tst_BasicPanels::controlCharactersNeverShow()
+{
+    open();
+    mFake.receive("\x01<VERS>\x01<ACK>\x01");
+    tick();
+    QCOMPARE(shown(), QString("<VERS><ACK>"));
+}
+
+void tst_BasicPanels::longReplyComesInBlocksOf128()
+{
+    QByteArray reply;
+    for (int index = 0; index < 100; ++index)
+        reply += QByteArray::number(index) + ' ';
+    open();
+    mFake.receive(reply);
+    tick();
+    QCOMPARE(shown(), QString::fromLatin1(reply));
+    QCOMPARE(mFake.callsOf("clSerialRead").size(), (reply.size() + 127) / 128);
+    // Asked once for a whole drain.
+    QCOMPARE(mFake.callsOf("clGetNumBytesAvail").size(), 1);
+}
+
+void tst_BasicPanels::strictDriverKeepsTheTailQueued()
+{
+    mFake.timeout = tcFakeSerial::teTimeout::Strict;
+    open();
+    mFake.receive(QByteArray(128, 'a') + "tail");
+    tick();
+    // A strict driver copies nothing of a block that isn't full: shown is what came, once.
+    QCOMPARE(shown(), QString(128, 'a'));
+    tick();
+    QCOMPARE(shown(), QString(128, 'a'));
+    QCOMPARE(mFake.waiting(), 4);
+    tick();
+    QCOMPARE(mFake.waiting(), 4);
+}
+
+void tst_BasicPanels::replySplitAtEveryPosition()
+{
+    const QByteArray reply = "\x01<GROI><ACK><0><0><2048><1088>\r\n<GEXP><ACK><500>\r\n";
+    for (int cut = 0; cut <= reply.size(); ++cut) {
+        init();
+        open();
+        mFake.receive(reply.left(cut));
+        mFake.receive(reply.mid(cut));
+        for (int poll = 0; poll < 3; ++poll)
+            tick();
+        QCOMPARE(shown(), QString("<GROI><ACK><0><0><2048><1088>\n<GEXP><ACK><500>\n"));
+        mPanel->closePort();
+        tcSerialLink::close(mRef);
+        mRef = 0;
+    }
+}
+
+void tst_BasicPanels::repliesGoWhereTheCursorIs()
+{
+    open();
+    mFake.receive("first last");
+    tick();
+    auto* view = child<QPlainTextEdit>("PortRespPTE");
+    QTextCursor cursor = view->textCursor();
+    cursor.setPosition(6);
+    view->setTextCursor(cursor);
+    mFake.receive("middle ");
+    tick();
+    QCOMPARE(shown(), QString("first middle last"));
+}
+
+void tst_BasicPanels::messagesGoWhereTheCursorIs()
+{
+    const auto add = [this](const QString& acText) {
+        return QMetaObject::invokeMethod(mPanel.get(), "addText", Qt::DirectConnection,
+                                         Q_ARG(QString, acText));
+    };
+    QVERIFY(add("<b>no %1 markup</b>"));
+    QVERIFY(add("!"));
+    QCOMPARE(shown(), QString("<b>no %1 markup</b>!"));
+}
+
+void tst_BasicPanels::failingCountReadsNothing()
+{
+    open();
+    mFake.receive("x");
+    mFake.failing["clGetNumBytesAvail"] = -10006;
+    tick();
+    QVERIFY(mFake.callsOf("clSerialRead").isEmpty());
+}
+
+void tst_BasicPanels::failingReadEndsTheDrain()
+{
+    open();
+    mFake.receive(QByteArray(512, 'x'));
+    mFake.failing["clSerialRead"] = -10006;
+    tick();
+    QCOMPARE(mFake.callsOf("clSerialRead").size(), 1);
+    QCOMPARE(shown(), QString());
+}
+
+void tst_BasicPanels::twoEmptyReadsEndTheDrain()
+{
+    mFake.partialStatus = 0; // a library whose time-out is a success with nothing read
+    open();
+    mFake.receive("<STRT>");
+    tick();
+    QCOMPARE(shown(), QString("<STRT>"));
+    QCOMPARE(mFake.callsOf("clSerialRead").size(), 3);
+}
+
+void tst_BasicPanels::floodLeavesAfterItsSlice()
+{
+    open();
+    int reads = 0;
+    // Bytes that never end: each read makes the next block ready.
+    mFake.onCall = [&](const tcFakeSerial::tcCall& acCall) {
+        if (acCall.function == "clSerialRead" && ++reads < 1000000)
+            mFake.feedAtOnce(QByteArray(128, 'f'));
+    };
+    mFake.receive("f");
+    tick();
+    QVERIFY(reads < 1000000);
+    QVERIFY(mFake.waiting() > 0);
+    const QString before = shown();
+    tick(); // the next tick goes on where this one left
+    QVERIFY(shown().size() > before.size());
+    mFake.onCall = nullptr;
+}
+
+void tst_BasicPanels::unpluggedWhileOpen()
+{
+    open();
+    mFake.receive("before");
+    tick();
+    for (const char* function : {"clGetNumBytesAvail", "clSerialRead", "clSerialWrite"})
+        mFake.failing[function] = -10006;
+    tick();
+    child<QPushButton>("SendPresetPB")->click();
+    child<QPushButton>("SendCommandPB")->click();
+    tick();
+    QCOMPARE(shown(), QString("before"));
+}
+
+void tst_BasicPanels::nothingOfTheLastPortIsLeft()
+{
+    open();
+    mFake.receive("\xE2\x82"); // two thirds of a character
+    tick();
+    mPanel->closePort();
+    tcSerialLink::close(mRef);
+    open();
+    mFake.receive("A");
+    tick();
+    QCOMPARE(shown(), QString("A"));
+}
+
+void tst_BasicPanels::writeFailuresAreSilent()
+{
+    open();
+    mFake.failing["clSerialWrite"] = -10004;
+    child<QPushButton>("SendPresetPB")->click();
+    child<QPushButton>("SendCommandPB")->click();
+    QCOMPARE(shown(), QString());
+}
+
+void tst_BasicPanels::neverAsksToClose()
+{
+    QSignalSpy asked(mPanel.get(), &tcCamlinkIface::requestClosePort);
+    open();
+    for (const char* function : {"clGetNumBytesAvail", "clSerialRead"})
+        mFake.failing[function] = -10006;
+    for (int poll = 0; poll < 20; ++poll)
+        tick();
+    QCOMPARE(asked.count(), 0);
+}
+
+QTEST_MAIN(tst_BasicPanels)
+#include "tst_basicpanels.moc"
