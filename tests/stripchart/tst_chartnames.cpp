@@ -1,0 +1,90 @@
+#include "stripchart/logic/tcChartNames.h"
+
+#include <QtTest>
+
+class tst_ChartNames : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void windowTitle_data();
+    void windowTitle();
+    void titleOfCurves_data();
+    void titleOfCurves();
+};
+
+void tst_ChartNames::windowTitle_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("status");
+    QTest::addColumn<QString>("logFile");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("title and name") << "Trend Chart:"
+                                    << "Sensors"
+                                    << ""
+                                    << ""
+                                    << "Trend Chart: Sensors";
+    QTest::newRow("status follows as it is") << "Trend Chart:"
+                                             << "A"
+                                             << "- Unable to open x"
+                                             << ""
+                                             << "Trend Chart: A- Unable to open x";
+    QTest::newRow("logging without a blank before it") << "Trend Chart:"
+                                                       << "A"
+                                                       << ""
+                                                       << "a.csv"
+                                                       << "Trend Chart: A- logging to a.csv";
+    QTest::newRow("status before logging")
+        << "Trend Chart:"
+        << "A"
+        << " - End: 10:00:00 am"
+        << "a.csv"
+        << "Trend Chart: A - End: 10:00:00 am- logging to a.csv";
+    QTest::newRow("no name, no text") << "Trend Chart:A"
+                                      << ""
+                                      << ""
+                                      << ""
+                                      << "";
+    QTest::newRow("no name while logging") << "T"
+                                           << ""
+                                           << ""
+                                           << "a.csv"
+                                           << "- logging to a.csv";
+    QTest::newRow("place holders in names stay as they are")
+        << "Trend Chart:"
+        << "50 %1 %2"
+        << " %1"
+        << "%1.csv"
+        << "Trend Chart: 50 %1 %2 %1- logging to %1.csv";
+}
+
+void tst_ChartNames::windowTitle()
+{
+    QFETCH(QString, title);
+    QFETCH(QString, name);
+    QFETCH(QString, status);
+    QFETCH(QString, logFile);
+    QTEST(tcChartNames::windowTitle({title, name, status, logFile}), "text");
+}
+
+void tst_ChartNames::titleOfCurves_data()
+{
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<int>("sources");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("none") << "" << 0 << "Trend Chart:";
+    QTest::newRow("one") << "A" << 1 << "Trend Chart:A";
+    QTest::newRow("two") << "A" << 2 << "Trend Chart:A + 1 more";
+    QTest::newRow("first slot empty") << "" << 3 << "Trend Chart: + 2 more";
+}
+
+void tst_ChartNames::titleOfCurves()
+{
+    QFETCH(QString, first);
+    QFETCH(int, sources);
+    QTEST(tcChartNames::titleOfCurves(first, sources), "text");
+}
+
+QTEST_APPLESS_MAIN(tst_ChartNames)
+#include "tst_chartnames.moc"
