@@ -49,3 +49,4 @@ add_custom_target(tarvik_revision
             -DOUTPUT=${TARVIK_GENERATED_DIR}/app/logic/Revision.h
             -P "${CMAKE_CURRENT_LIST_DIR}/GitRevision.cmake"
     BYPRODUCTS "${TARVIK_GENERATED_DIR}/app/logic/Revision.h" VERBATIM)
+add_dependencies(tidy_prerequisites tarvik_revision)

@@ -1,11 +1,15 @@
 # One function for each kind of target, so that a folder's list reads as a table of contents.
 
+# What clang-tidy needs to find before it can read the sources: generated headers.
+add_custom_target(tidy_prerequisites)
+
 # tarvik_logic(name SOURCES... [LINK targets...])
 # Logic needs no widget, port, file dialog or clock: Qt Core is all that it links.
 function(tarvik_logic name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINK")
     add_library(${name} STATIC ${arg_UNPARSED_ARGUMENTS})
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    add_dependencies(tidy_prerequisites ${name}_autogen)
     target_link_libraries(${name} PUBLIC tarvik_options Qt5::Core ${arg_LINK})
 endfunction()
 
@@ -20,6 +24,7 @@ function(tarvik_module name)
     endif()
     add_library(${name} ${kind} ${arg_UNPARSED_ARGUMENTS})
     set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
+    add_dependencies(tidy_prerequisites ${name}_autogen)
     target_link_libraries(${name} PUBLIC tarvik_options Qt5::Widgets ${arg_LINK})
 endfunction()
 

@@ -1,45 +1,19 @@
-#include "camlink/logic/tcBasicPresets.h"
-#include "camlink/tcVexaR60.h"
-#include "camlink/tcVexaR70.h"
+#include "tests/camlink/tcPanelUnderTest.h"
 #include "tests/support/tcFakeSerial.h"
 #include "tests/support/tcScriptedDialogs.h"
 
 #include <QComboBox>
 #include <QElapsedTimer>
-#include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
-#include <QMetaMethod>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSignalSpy>
-#include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
 #include <memory>
-
-namespace
-{
-
-struct tcPanelUnderTest
-{
-    const char* name;
-    const tcPreset* presets;
-    int presetCount;
-    tcCamlinkIface* (*make)();
-};
-
-const tcPanelUnderTest cPanels[] = {
-    {"Vexa-R60", tcBasicPresets::cR60.data(), int(tcBasicPresets::cR60.size()),
-     []() -> tcCamlinkIface* { return new tcVexaR60; }},
-    {"Vexa-R70", tcBasicPresets::cR70.data(), int(tcBasicPresets::cR70.size()),
-     []() -> tcCamlinkIface* { return new tcVexaR70; }},
-};
-
-} // namespace
 
 /// One text for both panels: every test runs against each.
 class tst_BasicPanels : public QObject
@@ -47,21 +21,9 @@ class tst_BasicPanels : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase_data();
+    void initTestCase_data() { tcPanelUnderTest::addColumn(); }
     void init();
     void cleanup();
-
-    void nameAndForm();
-    void slotsInTheirOrder();
-    void widgetTexts_data();
-    void widgetTexts();
-    void spinBoxes_data();
-    void spinBoxes();
-    void hiddenGroups();
-    void widgetsFromTopToBottom();
-    void labelsOfRegionAreWide();
-    void presetsInTableOrder();
-    void responseViewIsReadOnly();
 
     void openSetsTheBaudRateAndPolls();
     void baudRefusedIsToldAndNothingPolls();
@@ -107,17 +69,10 @@ private:
     tcSerialLink::tcRef mRef = 0;
 };
 
-void tst_BasicPanels::initTestCase_data()
-{
-    QTest::addColumn<int>("kind");
-    for (int index = 0; index < 2; ++index)
-        QTest::newRow(cPanels[index].name) << index;
-}
-
 const tcPanelUnderTest& tst_BasicPanels::kind() const
 {
     QFETCH_GLOBAL(int, kind);
-    return cPanels[kind];
+    return tcPanelUnderTest::of(kind);
 }
 
 void tst_BasicPanels::init()
@@ -157,133 +112,6 @@ void tst_BasicPanels::tick()
 QString tst_BasicPanels::shown() const
 {
     return child<QPlainTextEdit>("PortRespPTE")->toPlainText();
-}
-
-void tst_BasicPanels::nameAndForm()
-{
-    QCOMPARE(mPanel->name(), QString(kind().name));
-    QCOMPARE(mPanel->windowTitle(), QString(kind().name));
-    QCOMPARE(mPanel->objectName(), QString(kind().name).remove('-'));
-    QCOMPARE(mPanel->size(), QSize(380, 492));
-}
-
-void tst_BasicPanels::slotsInTheirOrder()
-{
-    const QMetaObject* meta = mPanel->metaObject();
-    QStringList methods;
-    for (int index = meta->methodOffset(); index < meta->methodCount(); ++index)
-        methods.append(QString::fromLatin1(meta->method(index).methodSignature()));
-    QCOMPARE(methods,
-             (QStringList{"CheckRxData()", "SendCommand()", "SendPreset()", "SendFile()",
-                          "addText(QString)"}));
-}
-
-void tst_BasicPanels::widgetTexts_data()
-{
-    QTest::addColumn<QString>("object");
-    QTest::addColumn<QString>("property");
-    QTest::addColumn<QString>("text");
-    const char* const rows[][3] = {
-        {"label", "text", "Preset"},
-        {"SendPresetPB", "text", "Send"},
-        {"SendCustomPB", "text", "Send Custom"},
-        {"TimingGroupBox", "title", "Timing"},
-        {"label_6", "text", "Exposure Time [ms]"},
-        {"label_5", "text", "Frame Interval Time [ms] "},
-        {"ROIGroupBox", "title", "ROI"},
-        {"label_2", "text", "Start Row"},
-        {"label_3", "text", "End Row"},
-        {"label_4", "text", "Start Col"},
-        {"label_8", "text", "End Col"},
-        {"SendCommandPB", "text", "Send"},
-        {"exposureSpinBox", "toolTip", "Exposure time in milliseconds."},
-        {"intervalSpinBox", "toolTip",
-         "For multiframe reads, specifies the interval between capture cycles."},
-        {"startRow", "toolTip", "Start Row for area readout capture."},
-        {"endRow", "toolTip", "End Row for area readout capture."},
-        {"startCol", "toolTip", "start column for area readout capture."},
-        {"endCol", "toolTip", "End column for area readout capture."},
-    };
-    for (const auto& row : rows)
-        QTest::newRow(row[0]) << row[0] << row[1] << row[2];
-}
-
-void tst_BasicPanels::widgetTexts()
-{
-    QFETCH(QString, object);
-    QFETCH(QString, property);
-    const auto* widget = mPanel->findChild<QWidget*>(object);
-    QVERIFY(widget);
-    QTEST(widget->property(property.toLatin1().constData()).toString(), "text");
-}
-
-void tst_BasicPanels::spinBoxes_data()
-{
-    QTest::addColumn<QString>("object");
-    QTest::addColumn<int>("minimum");
-    QTest::addColumn<int>("maximum");
-    QTest::addColumn<int>("value");
-    QTest::newRow("exposure") << "exposureSpinBox" << 0 << 24000000 << 20;
-    QTest::newRow("interval") << "intervalSpinBox" << 10 << 65535 << 1000;
-    QTest::newRow("start row") << "startRow" << 0 << 1000 << 0;
-    QTest::newRow("end row") << "endRow" << 0 << 1000 << 0;
-    QTest::newRow("start column") << "startCol" << 0 << 1000 << 0;
-    QTest::newRow("end column") << "endCol" << 0 << 10000 << 1023;
-}
-
-void tst_BasicPanels::spinBoxes()
-{
-    QFETCH(QString, object);
-    const auto* box = mPanel->findChild<QSpinBox*>(object);
-    QVERIFY(box);
-    QTEST(box->minimum(), "minimum");
-    QTEST(box->maximum(), "maximum");
-    QTEST(box->value(), "value");
-}
-
-void tst_BasicPanels::hiddenGroups()
-{
-    mPanel->show();
-    QVERIFY(child<QGroupBox>("TimingGroupBox")->isHidden());
-    QVERIFY(child<QGroupBox>("ROIGroupBox")->isHidden());
-}
-
-void tst_BasicPanels::widgetsFromTopToBottom()
-{
-    mPanel->show();
-    QVERIFY(QTest::qWaitForWindowExposed(mPanel.get()));
-    // Rows of the form, each beginning where the one above ends.
-    const char* const rows[] = {"presetsCB", "CommandLE", "PortRespPTE"};
-    int bottom = 0;
-    for (const char* name : rows) {
-        const QRect place = child<QWidget>(name)->geometry();
-        QVERIFY2(place.top() > bottom, name);
-        bottom = place.bottom();
-    }
-}
-
-void tst_BasicPanels::labelsOfRegionAreWide()
-{
-    for (const char* name : {"label_2", "label_3", "label_4", "label_8"})
-        QVERIFY2(child<QLabel>(name)->minimumWidth() >= 50, name);
-}
-
-void tst_BasicPanels::presetsInTableOrder()
-{
-    const auto* box = child<QComboBox>("presetsCB");
-    QCOMPARE(box->count(), kind().presetCount);
-    for (int index = 0; index < box->count(); ++index) {
-        QCOMPARE(box->itemText(index), QString(kind().presets[index].label));
-        QVERIFY(!box->itemData(index).isValid());
-    }
-}
-
-void tst_BasicPanels::responseViewIsReadOnly()
-{
-    auto* view = child<QPlainTextEdit>("PortRespPTE");
-    QVERIFY(view->isReadOnly());
-    QTest::keyClicks(view, "typed");
-    QCOMPARE(shown(), QString());
 }
 
 void tst_BasicPanels::openSetsTheBaudRateAndPolls()
