@@ -1,0 +1,202 @@
+#include "stripchart/logic/tcSampleColumn.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+tcExtent tcExtent::none()
+{
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    return {infinity, -infinity};
+}
+
+void tcExtent::add(double anValue)
+{
+    if (!std::isfinite(anValue))
+        return;
+    lowest = std::min(lowest, anValue);
+    highest = std::max(highest, anValue);
+}
+
+void tcExtent::unite(const tcExtent& acOther)
+{
+    lowest = std::min(lowest, acOther.lowest);
+    highest = std::max(highest, acOther.highest);
+}
+
+double tcSampleColumn::at(int anIndex) const
+{
+    const int place = mOffset + anIndex;
+    return mBlocks[static_cast<std::size_t>(place / cBlockSize)]
+        .block->numbers[place % cBlockSize];
+}
+
+void tcSampleColumn::append(double anValue)
+{
+    const int place = (mOffset + mSize) % cBlockSize;
+    if (place == 0)
+        addBlock();
+    tcEntry& last = mBlocks.back();
+    tcExtent& run = last.block->runs[place / cRunSize];
+    if (place % cRunSize == 0)
+        run = tcExtent::none();
+    last.block->numbers[place] = anValue;
+    run.add(anValue);
+    last.all.add(anValue);
+    ++mSize;
+}
+
+void tcSampleColumn::addBlock()
+{
+    tcEntry entry;
+    if (mSpare.empty()) {
+        entry.block.reset(new tcBlock);
+    } else {
+        entry.block = std::move(mSpare.back());
+        mSpare.pop_back();
+    }
+    if (!mBlocks.empty())
+        mBehind.unite(mBlocks.back().all);
+    mBlocks.push_back(std::move(entry));
+    if (mTurn == 0)
+        turn();
+}
+
+void tcSampleColumn::dropFirst()
+{
+    if (mSize == 0)
+        return;
+    --mSize;
+    ++mOffset;
+    if (mOffset < cBlockSize && mSize > 0)
+        return;
+    mSpare.push_back(std::move(mBlocks.front().block));
+    mBlocks.pop_front();
+    mOffset = 0;
+    if (mTurn > 0)
+        --mTurn;
+    if (mTurn == 0)
+        turn();
+}
+
+/// Sums up from the last block but one to the first. It happens again when as many blocks as
+/// were summed up have been dropped, so its cost spreads over them.
+void tcSampleColumn::turn()
+{
+    mBehind = tcExtent::none();
+    mTurn = mBlocks.empty() ? 0 : mBlocks.size() - 1;
+    tcExtent sum = tcExtent::none();
+    for (std::size_t i = mTurn; i > 0; --i) {
+        sum.unite(mBlocks[i - 1].all);
+        mBlocks[i - 1].onward = sum;
+    }
+}
+
+void tcSampleColumn::resize(int anCount)
+{
+    if (anCount < mSize)
+        cut(std::max(anCount, 0));
+    while (mSize < anCount)
+        append(0.0);
+}
+
+void tcSampleColumn::cut(int anCount)
+{
+    if (anCount == 0) {
+        clear();
+        return;
+    }
+    mSize = anCount;
+    const int last = mOffset + mSize - 1;
+    mBlocks.resize(static_cast<std::size_t>(last / cBlockSize) + 1);
+    const int end = last % cBlockSize + 1;
+    tcEntry& entry = mBlocks.back();
+    tcExtent& run = entry.block->runs[(end - 1) / cRunSize];
+    run = tcExtent::none();
+    for (int i = (end - 1) / cRunSize * cRunSize; i < end; ++i)
+        run.add(entry.block->numbers[i]);
+    entry.all = within(*entry.block, 0, end);
+    turn();
+}
+
+void tcSampleColumn::clear()
+{
+    for (tcEntry& entry : mBlocks)
+        mSpare.push_back(std::move(entry.block));
+    mBlocks.clear();
+    mOffset = 0;
+    mSize = 0;
+    turn();
+}
+
+tcExtent tcSampleColumn::within(const tcBlock& acBlock, int anFirst, int anEnd)
+{
+    tcExtent result = tcExtent::none();
+    int i = anFirst;
+    for (; i < anEnd && i % cRunSize != 0; ++i)
+        result.add(acBlock.numbers[i]);
+    for (; i + cRunSize <= anEnd; i += cRunSize)
+        result.unite(acBlock.runs[i / cRunSize]);
+    for (; i < anEnd; ++i)
+        result.add(acBlock.numbers[i]);
+    return result;
+}
+
+tcExtent tcSampleColumn::extent() const
+{
+    if (mSize == 0)
+        return tcExtent::none();
+    const tcEntry& first = mBlocks.front();
+    if (mBlocks.size() == 1)
+        return within(*first.block, mOffset, mOffset + mSize);
+    tcExtent result = mOffset == 0 ? first.all : within(*first.block, mOffset, cBlockSize);
+    if (mTurn > 1)
+        result.unite(mBlocks[1].onward);
+    result.unite(mBehind);
+    result.unite(mBlocks.back().all);
+    return result;
+}
+
+tcExtent tcSampleColumn::extent(int anFirst, int anCount) const
+{
+    tcExtent result = tcExtent::none();
+    int place = mOffset + anFirst;
+    const int end = place + anCount;
+    while (place < end) {
+        const int start = place % cBlockSize;
+        const int count = std::min(cBlockSize - start, end - place);
+        const tcEntry& entry = mBlocks[static_cast<std::size_t>(place / cBlockSize)];
+        if (count == cBlockSize)
+            result.unite(entry.all);
+        else
+            result.unite(within(*entry.block, start, start + count));
+        place += count;
+    }
+    return result;
+}
+
+const double* tcSampleColumn::stretch(int anIndex, int& arCount) const
+{
+    const int place = mOffset + anIndex;
+    arCount = std::min(cBlockSize - place % cBlockSize, mSize - anIndex);
+    return mBlocks[static_cast<std::size_t>(place / cBlockSize)].block->numbers
+        + place % cBlockSize;
+}
+
+void tcSampleColumn::copy(int anFirst, int anCount, double* apNumbers) const
+{
+    int done = 0;
+    while (done < anCount) {
+        int count = 0;
+        const double* numbers = stretch(anFirst + done, count);
+        count = std::min(count, anCount - done);
+        std::copy_n(numbers, count, apNumbers + done);
+        done += count;
+    }
+}
+
+std::size_t tcSampleColumn::bytes() const
+{
+    return (mBlocks.size() + mSpare.size()) * sizeof(tcBlock)
+        + mBlocks.size() * sizeof(tcEntry);
+}

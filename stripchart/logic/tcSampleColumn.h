@@ -1,0 +1,76 @@
+#pragma once
+
+#include <deque>
+#include <memory>
+#include <vector>
+
+/// Lowest and highest of some numbers. NaN and infinities do not count: they have no place on
+/// an axis.
+struct tcExtent
+{
+    double lowest;
+    double highest;
+
+    static tcExtent none();
+    bool isEmpty() const { return lowest > highest; }
+    void add(double anValue);
+    void unite(const tcExtent& acOther);
+};
+
+/// A long row of numbers that grows at its end and shrinks at its start.
+///
+/// Kept in blocks that never move, each with the extents of its runs of 16 numbers, so that
+/// appending, dropping and the extent of the whole cost the same however long the row is, and
+/// the extent of any stretch is found without looking at every number. Not thread-safe.
+class tcSampleColumn
+{
+public:
+    static constexpr int cBlockSize = 1024;
+    static constexpr int cRunSize = 16;
+
+    int size() const { return mSize; }
+    double at(int anIndex) const; ///< anIndex in [0, size)
+
+    void append(double anValue);
+    void dropFirst();         ///< nothing happens to an empty row
+    void resize(int anCount); ///< cuts at the end or pads with zeros
+    void clear();             ///< the memory is kept for what comes next
+
+    tcExtent extent() const;
+    tcExtent extent(int anFirst, int anCount) const;
+    void copy(int anFirst, int anCount, double* apNumbers) const;
+
+    /// The numbers from anIndex to the end of their block, one after the other; their count
+    /// comes back in arCount. Valid until the next change.
+    const double* stretch(int anIndex, int& arCount) const;
+
+    std::size_t bytes() const; ///< memory taken, spare blocks included
+
+private:
+    struct tcBlock
+    {
+        double numbers[cBlockSize];
+        tcExtent runs[cBlockSize / cRunSize];
+    };
+    struct tcEntry
+    {
+        std::unique_ptr<tcBlock> block;
+        tcExtent all = tcExtent::none();    ///< of the block, dropped numbers included
+        tcExtent onward = tcExtent::none(); ///< of the block and those up to mTurn
+    };
+
+    static tcExtent within(const tcBlock& acBlock, int anFirst, int anEnd);
+    void addBlock();
+    void turn();
+    void cut(int anCount);
+
+    std::deque<tcEntry> mBlocks;
+    std::vector<std::unique_ptr<tcBlock>> mSpare;
+    int mOffset = 0; ///< place of the first number in the first block
+    int mSize = 0;
+    /// The blocks before this one know their extent onward. Those from it on, the last one left
+    /// out, are summed up in mBehind. Dropped numbers are found in the first block only, and
+    /// that one is never part of mBehind.
+    std::size_t mTurn = 0;
+    tcExtent mBehind = tcExtent::none();
+};

@@ -1,0 +1,93 @@
+#include "stripchart/logic/tcSampleStore.h"
+
+#include <algorithm>
+
+void tcSampleStore::append(double anTime, double anValue)
+{
+    // As designed: looked at before the sample is added and strictly greater, so a full curve
+    // holds one sample more than its capacity, and only one is dropped each time.
+    if (mValues.size() > mCapacity)
+        dropOldest();
+    addTime(anTime);
+    mValues.append(anValue);
+}
+
+void tcSampleStore::addTime(double anTime)
+{
+    const int count = mTimes.size();
+    // Negated so that a time that is no number counts as a step back, before and after it.
+    if (count > 0 && !(anTime >= mTimes.at(count - 1)))
+        mStepsBack.push_back(mDropped + count);
+    mTimes.append(anTime);
+}
+
+void tcSampleStore::dropOldest()
+{
+    mValues.dropFirst();
+    if (mTimes.size() == 0)
+        return;
+    mTimes.dropFirst();
+    ++mDropped;
+    if (!mStepsBack.empty() && mStepsBack.front() <= mDropped)
+        mStepsBack.pop_front();
+}
+
+void tcSampleStore::clear()
+{
+    mTimes.clear();
+    mValues.clear();
+    mStepsBack.clear();
+}
+
+void tcSampleStore::setCapacity(int anCapacity)
+{
+    const int capacity = std::max(anCapacity, 0);
+    if (capacity == mCapacity)
+        return;
+    // As designed: only the times follow a smaller capacity, the values keep their number.
+    if (capacity < mCapacity) {
+        while (mTimes.size() < capacity)
+            addTime(0.0);
+        mTimes.resize(capacity);
+        while (!mStepsBack.empty() && mStepsBack.back() >= mDropped + capacity)
+            mStepsBack.pop_back();
+    }
+    mCapacity = capacity;
+}
+
+tcExtent tcSampleStore::timeExtent() const
+{
+    return mTimes.size() == size() ? mTimes.extent() : mTimes.extent(0, size());
+}
+
+tcExtent tcSampleStore::valueExtent() const
+{
+    return mValues.size() == size() ? mValues.extent() : mValues.extent(0, size());
+}
+
+int tcSampleStore::copy(int anFirst, int anCount, double* apTimes, double* apValues) const
+{
+    const int first = std::max(anFirst, 0);
+    const int count = std::min(anCount, size() - first);
+    if (count <= 0)
+        return 0;
+    if (apTimes)
+        mTimes.copy(first, count, apTimes);
+    if (apValues)
+        mValues.copy(first, count, apValues);
+    return count;
+}
+
+int tcSampleStore::nextStepBack(int anIndex) const
+{
+    const auto step
+        = std::upper_bound(mStepsBack.begin(), mStepsBack.end(), mDropped + anIndex);
+    if (step == mStepsBack.end())
+        return size();
+    return static_cast<int>(std::min<long long>(*step - mDropped, size()));
+}
+
+std::size_t tcSampleStore::bytes() const
+{
+    return mTimes.bytes() + mValues.bytes() + mStepsBack.size() * sizeof(long long);
+}

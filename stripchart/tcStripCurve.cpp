@@ -1,0 +1,146 @@
+#include "stripchart/tcStripCurve.h"
+
+#include "stripchart/logic/tcCurveColors.h"
+#include "stripchart/tcCurveNotifier.h"
+#include "stripchart/tcCurveSeries.h"
+#include "stripchart/tcStripMarker.h"
+
+namespace
+{
+
+bool give(const tcExtent& acExtent, double* apLowest, double* apHighest)
+{
+    if (acExtent.isEmpty())
+        return false;
+    if (apLowest)
+        *apLowest = acExtent.lowest;
+    if (apHighest)
+        *apHighest = acExtent.highest;
+    return true;
+}
+
+} // namespace
+
+tcStripCurve::tcStripCurve(int anIndex)
+    : mIndex(anIndex)
+    , mSamples(std::make_shared<tcLockedSamples>())
+    , mNotifier(std::make_unique<tcCurveNotifier>([this] { itemChanged(); }))
+{
+    setRenderHint(QwtPlotItem::RenderAntialiased);
+    setData(new tcCurveSeries(mSamples));
+}
+
+tcStripCurve::~tcStripCurve()
+{
+    const QVector<tcStripMarker*> followers = mMarkers;
+    for (tcStripMarker* marker : followers)
+        marker->setCurve(nullptr);
+    // While the curve is still whole: leaving the plot updates its legend.
+    detach();
+}
+
+QColor tcStripCurve::stripCurveColor(int anIndex)
+{
+    return tcCurveColors::at(anIndex);
+}
+
+void tcStripCurve::addSample(qint64 anMsSinceEpoch, double anValue)
+{
+    {
+        const std::lock_guard<std::mutex> lock(mSamples->mutex);
+        mSamples->store.append(static_cast<double>(anMsSinceEpoch), anValue);
+    }
+    samplesChanged();
+}
+
+void tcStripCurve::addSamples(const double* apTimes, const double* apValues, int anCount)
+{
+    if (anCount <= 0)
+        return;
+    {
+        const std::lock_guard<std::mutex> lock(mSamples->mutex);
+        for (int i = 0; i < anCount; ++i)
+            mSamples->store.append(apTimes[i], apValues[i]);
+    }
+    samplesChanged();
+}
+
+void tcStripCurve::clear()
+{
+    {
+        const std::lock_guard<std::mutex> lock(mSamples->mutex);
+        mSamples->store.clear();
+    }
+    samplesChanged();
+}
+
+void tcStripCurve::setSampleCount(int anCount)
+{
+    {
+        const std::lock_guard<std::mutex> lock(mSamples->mutex);
+        mSamples->store.setCapacity(anCount);
+    }
+    samplesChanged();
+}
+
+int tcStripCurve::sampleCount() const
+{
+    const std::lock_guard<std::mutex> lock(mSamples->mutex);
+    return mSamples->store.capacity();
+}
+
+/// With no lock held: an automatic replot asks for the samples in the same breath.
+void tcStripCurve::samplesChanged()
+{
+    mNotifier->notify();
+}
+
+void tcStripCurve::setVisible(bool abOn)
+{
+    QwtPlotItem::setVisible(abOn);
+    for (tcStripMarker* marker : qAsConst(mMarkers))
+        marker->setVisible(abOn);
+}
+
+void tcStripCurve::addMarker(tcStripMarker* apMarker)
+{
+    if (!mMarkers.contains(apMarker))
+        mMarkers.append(apMarker);
+}
+
+void tcStripCurve::removeMarker(tcStripMarker* apMarker)
+{
+    mMarkers.removeAll(apMarker);
+}
+
+int tcStripCurve::copySamples(int anFirst, int anCount, double* apTimes, double* apValues) const
+{
+    const std::lock_guard<std::mutex> lock(mSamples->mutex);
+    return mSamples->store.copy(anFirst, anCount, apTimes, apValues);
+}
+
+bool tcStripCurve::finiteYRange(double* apLowest, double* apHighest) const
+{
+    const std::lock_guard<std::mutex> lock(mSamples->mutex);
+    return give(mSamples->store.valueExtent(), apLowest, apHighest);
+}
+
+bool tcStripCurve::finiteXRange(double* apEarliest, double* apLatest) const
+{
+    const std::lock_guard<std::mutex> lock(mSamples->mutex);
+    return give(mSamples->store.timeExtent(), apEarliest, apLatest);
+}
+
+double tcStripCurve::minYValue() const
+{
+    double lowest = 1.0;
+    finiteYRange(&lowest, nullptr);
+    return lowest;
+}
+
+double tcStripCurve::maxYValue() const
+{
+    double highest = -1.0;
+    finiteYRange(nullptr, &highest);
+    return highest;
+}

@@ -1,0 +1,65 @@
+#include "stripchart/tcStripMarker.h"
+
+#include "app/logic/tcPointText.h"
+#include "stripchart/tcStripCurve.h"
+
+#include <QDebug>
+
+tcStripMarker::tcStripMarker(const QString& acName) : mName(acName) { }
+
+tcStripMarker::~tcStripMarker()
+{
+    if (mCurve)
+        mCurve->removeMarker(this);
+}
+
+void tcStripMarker::setCurve(tcStripCurve* apCurve)
+{
+    if (mCurve) {
+        qDebug() << "removing curve" << mCurve->title().text();
+        mCurve->removeMarker(this);
+        setYValue(0.0);
+    }
+    mCurve = apCurve;
+    if (!mCurve) {
+        qDebug() << "removing curve"
+                 << "null";
+        return;
+    }
+    mCurve->addMarker(this);
+    setYAxis(mCurve->yAxis());
+    setLinePen(mCurve->pen().color(), 0.0, Qt::DotLine);
+    qDebug() << "adding curve" << mCurve->title().text();
+}
+
+void tcStripMarker::setYValueWithLabel(double anY)
+{
+    setYValue(anY);
+    setLabelText(QString::number(anY, 'f', 3));
+}
+
+void tcStripMarker::setPointWithLabel(const QPointF& acPoint)
+{
+    setValue(acPoint);
+    setLabelText(tcPointText::pair(acPoint.x(), acPoint.y(), 3));
+}
+
+void tcStripMarker::setLabelText(const QString& acText)
+{
+    // The label is changed, not replaced, for the sake of its font and colour; plain text,
+    // since a name may hold whatever the operator likes.
+    QwtText text = label();
+    text.setText(QStringLiteral("%1 %2").arg(mName, acText), QwtText::PlainText);
+    setLabel(text);
+}
+
+tcStripLineMarker::tcStripLineMarker(const QString& acName) : tcStripMarker(acName)
+{
+    setLineStyle(QwtPlotMarker::HLine);
+    setLabelAlignment(Qt::AlignRight | Qt::AlignBottom);
+}
+
+tcStripPointMarker::tcStripPointMarker(const QString& acName) : tcStripMarker(acName)
+{
+    setLineStyle(QwtPlotMarker::NoLine);
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <qwt_plot_marker.h>
+
+class tcStripCurve;
+
+/// A marker of the strip chart. It may follow a curve, whose visibility, value axis and colour
+/// it takes; it does not own it. For the GUI thread only.
+class tcStripMarker : public QwtPlotMarker
+{
+public:
+    explicit tcStripMarker(const QString& acName);
+    ~tcStripMarker() override;
+
+    QString name() const { return mName; }
+    void setName(const QString& acName) { mName = acName; }
+
+    tcStripCurve* curve() const { return mCurve; }
+    /// Follows another curve, or none with null. Leaving a curve sets the Y value to 0.
+    virtual void setCurve(tcStripCurve* apCurve);
+
+    /// The label becomes the name and the value with three decimals, in its font and colour.
+    void setYValueWithLabel(double anY);
+    /// The same with both coordinates.
+    void setPointWithLabel(const QPointF& acPoint);
+
+private:
+    void setLabelText(const QString& acText);
+
+    QString mName;
+    tcStripCurve* mCurve = nullptr; ///< not owned
+};
+
+/// A horizontal line across the canvas.
+class tcStripLineMarker : public tcStripMarker
+{
+public:
+    explicit tcStripLineMarker(const QString& acName);
+};
+
+/// A point that the operator placed.
+class tcStripPointMarker : public tcStripMarker
+{
+public:
+    explicit tcStripPointMarker(const QString& acName);
+};

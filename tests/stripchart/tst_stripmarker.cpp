@@ -1,0 +1,145 @@
+#include "stripchart/tcStripCurve.h"
+#include "stripchart/tcStripMarker.h"
+
+#include <QtTest>
+#include <qwt_plot.h>
+
+class tst_StripMarker : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void followingACurveTakesItsAxisAndColor()
+    {
+        tcStripCurve curve(0);
+        curve.setTitle("Board");
+        curve.setPen(Qt::magenta, 2.0);
+        curve.setYAxis(QwtPlot::yRight);
+        tcStripLineMarker marker("Min:");
+        QTest::ignoreMessage(QtDebugMsg, "adding curve \"Board\"");
+        marker.setCurve(&curve);
+        QCOMPARE(marker.curve(), &curve);
+        QCOMPARE(curve.markers(), QVector<tcStripMarker*>{&marker});
+        QCOMPARE(marker.yAxis(), int(QwtPlot::yRight));
+        QCOMPARE(marker.linePen().color(), QColor(Qt::magenta));
+        QCOMPARE(marker.linePen().widthF(), 0.0);
+        QCOMPARE(marker.linePen().style(), Qt::DotLine);
+    }
+
+    void leavingACurveSetsTheValueToZero()
+    {
+        tcStripCurve curve(0);
+        curve.setTitle("Board");
+        tcStripLineMarker marker("Min:");
+        marker.setCurve(&curve);
+        marker.setValue(3, 12);
+        QTest::ignoreMessage(QtDebugMsg, "removing curve \"Board\"");
+        QTest::ignoreMessage(QtDebugMsg, "removing curve null");
+        marker.setCurve(nullptr);
+        QVERIFY(!marker.curve());
+        QVERIFY(curve.markers().isEmpty());
+        QCOMPARE(marker.value(), QPointF(3, 0));
+    }
+
+    void changingTheCurveLeavesTheFirst()
+    {
+        tcStripCurve first(0);
+        first.setTitle("A");
+        tcStripCurve second(1);
+        second.setTitle("B");
+        tcStripPointMarker marker("");
+        marker.setCurve(&first);
+        marker.setYValue(12);
+        QTest::ignoreMessage(QtDebugMsg, "removing curve \"A\"");
+        QTest::ignoreMessage(QtDebugMsg, "adding curve \"B\"");
+        marker.setCurve(&second);
+        QVERIFY(first.markers().isEmpty());
+        QCOMPARE(second.markers().size(), 1);
+        QCOMPARE(marker.yValue(), 0.0);
+    }
+
+    void followingNoneFromTheStartKeepsTheValue()
+    {
+        tcStripPointMarker marker("");
+        marker.setYValue(7);
+        QTest::ignoreMessage(QtDebugMsg, "removing curve null");
+        marker.setCurve(nullptr);
+        QCOMPARE(marker.yValue(), 7.0);
+    }
+
+    void destroyedMarkerLeavesItsCurve()
+    {
+        tcStripCurve curve(0);
+        {
+            tcStripPointMarker marker("");
+            marker.setCurve(&curve);
+        }
+        QVERIFY(curve.markers().isEmpty());
+        curve.setVisible(false);
+    }
+
+    void valueWithLabel_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<double>("value");
+        QTest::addColumn<QString>("label");
+        QTest::newRow("three decimals") << "Min:" << 12.345 << "Min: 12.345";
+        QTest::newRow("filled up") << "Max:" << -2.0 << "Max: -2.000";
+        QTest::newRow("tie away from zero") << "Max:" << 0.0625 << "Max: 0.063";
+        QTest::newRow("no name") << "" << 1.0 << " 1.000";
+        QTest::newRow("name with a place mark") << "%2 %1" << 1.0 << "%2 %1 1.000";
+        QTest::newRow("name like rich text") << "<b>a</b>" << 1.0 << "<b>a</b> 1.000";
+    }
+
+    void valueWithLabel()
+    {
+        QFETCH(QString, name);
+        QFETCH(double, value);
+        tcStripLineMarker marker(name);
+        marker.setYValueWithLabel(value);
+        QCOMPARE(marker.yValue(), value);
+        QTEST(marker.label().text(), "label");
+    }
+
+    void pointWithLabel()
+    {
+        tcStripPointMarker marker("hot");
+        marker.setPointWithLabel({1000, 21.5});
+        QCOMPARE(marker.value(), QPointF(1000, 21.5));
+        QCOMPARE(marker.label().text(), QString("hot 1000.000,21.500"));
+        marker.setName("cold");
+        QCOMPARE(marker.name(), QString("cold"));
+        marker.setPointWithLabel({1.5, -2});
+        QCOMPARE(marker.label().text(), QString("cold 1.500,-2.000"));
+    }
+
+    void newTextKeepsFontAndColorOfTheLabel()
+    {
+        tcStripLineMarker marker("Set Point");
+        QwtText label("x");
+        label.setColor(Qt::red);
+        label.setFont(QFont("Helvetica", 10));
+        marker.setLabel(label);
+        marker.setYValueWithLabel(3);
+        QCOMPARE(marker.label().text(), QString("Set Point 3.000"));
+        QCOMPARE(marker.label().color(), QColor(Qt::red));
+        QCOMPARE(marker.label().font(), QFont("Helvetica", 10));
+    }
+
+    void lineMarkerIsAHorizontalLineLabelledRightBelow()
+    {
+        tcStripLineMarker marker("Min:");
+        QCOMPARE(marker.lineStyle(), QwtPlotMarker::HLine);
+        QCOMPARE(marker.labelAlignment(), Qt::AlignRight | Qt::AlignBottom);
+        QCOMPARE(marker.name(), QString("Min:"));
+    }
+
+    void pointMarkerHasNoLine()
+    {
+        tcStripPointMarker marker("");
+        QCOMPARE(marker.lineStyle(), QwtPlotMarker::NoLine);
+    }
+};
+
+QTEST_MAIN(tst_StripMarker)
+#include "tst_stripmarker.moc"
