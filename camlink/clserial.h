@@ -1,7 +1,7 @@
 #pragma once
 
-/// The nine functions of the Camera Link serial library that the panel uses, as the standard
-/// declares them. Plain C, so that the library, its stand-ins and the panel share one text.
+/// The functions of the Camera Link serial library as the standard declares them; the panel uses
+/// the first nine. Plain C, so that the library, its stand-ins and the panel share one text.
 ///
 /// Every function but clSerialClose returns a signed 32-bit status: 0 for success, negative for
 /// an error. Sizes are unsigned 32-bit numbers on every platform, never `unsigned long`.
@@ -65,6 +65,13 @@ extern "C"
     CLSERIAL_API int32_t CLSERIAL_CC clGetErrorText(const char* acManufacturer,
                                                     int32_t anStatus, char* apText,
                                                     uint32_t* apTextSize);
+
+    // Of the standard as well, not used by the panel and therefore not asked of every library.
+    CLSERIAL_API int32_t CLSERIAL_CC clGetSupportedBaudRates(hSerRef apRef, uint32_t* apCodes);
+    CLSERIAL_API int32_t CLSERIAL_CC clFlushPort(hSerRef apRef);
+    /// A read that times out hands over what has arrived, whatever clSerialRead does.
+    CLSERIAL_API int32_t CLSERIAL_CC clSerialReadEx(hSerRef apRef, char* apBuffer,
+                                                    uint32_t* apSize, uint32_t anTimeoutMs);
 #ifdef __cplusplus
 }
 #endif
