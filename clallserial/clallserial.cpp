@@ -1,4 +1,5 @@
 #include "camlink/clserial.h"
+#include "clallserial/tcBackends.h"
 #include "clallserial/tcOwnDirectory.h"
 #include "clallserial/tcPortTable.h"
 #include "clallserial/tcSerialConfig.h"
@@ -11,7 +12,7 @@ namespace
 /// Made at the first call; whoever only links the library pays nothing.
 tcPortTable& table()
 {
-    static tcPortTable instance(tcPortTable::backends(
+    static tcPortTable instance(tcBackends::make(
         tcSerialConfig::load(tcOwnDirectory(),
                              [](const char* acName) { return std::getenv(acName); }),
         tcOwnDirectory()));

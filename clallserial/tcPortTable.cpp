@@ -1,8 +1,6 @@
 #include "clallserial/tcPortTable.h"
 
-#include "clallserial/tcSerialConfig.h"
 #include "clallserial/tcStatusText.h"
-#include "clallserial/tcVirtualBackend.h"
 
 #include <cstring>
 #include <shared_mutex>
@@ -29,15 +27,6 @@ bool handOver(const std::string& acText, char* apBuffer, uint32_t* apSize)
 }
 
 } // namespace
-
-std::vector<std::unique_ptr<tcSerialBackend>>
-tcPortTable::backends(const tcSerialConfig& acConfig, const std::string&)
-{
-    std::vector<std::unique_ptr<tcSerialBackend>> list;
-    if (acConfig.virtualCameras != tcSerialConfig::teVirtual::Off)
-        list.push_back(std::make_unique<tcVirtualBackend>(acConfig));
-    return list;
-}
 
 tcPortTable::tcPortTable(std::vector<std::unique_ptr<tcSerialBackend>> aBackends)
     : mBackends(std::move(aBackends))

@@ -7,8 +7,6 @@
 #include <mutex>
 #include <set>
 
-struct tcSerialConfig;
-
 /// The ports of all back ends under one index, and the ports that are open. Checks what callers
 /// hand in, so that back ends need not. Every operation may be called from any thread.
 class tcPortTable
@@ -17,11 +15,6 @@ public:
     /// Ports are listed in the order of the back ends.
     explicit tcPortTable(std::vector<std::unique_ptr<tcSerialBackend>> aBackends);
     ~tcPortTable();
-
-    /// The back ends that the configuration asks for; acOwnDirectory is where makers' libraries
-    /// are looked for on systems without a registry.
-    static std::vector<std::unique_ptr<tcSerialBackend>>
-    backends(const tcSerialConfig& acConfig, const std::string& acOwnDirectory);
 
     /// Looks for ports anew; indices refer to the list of the latest call.
     int32_t count(uint32_t* apCount);

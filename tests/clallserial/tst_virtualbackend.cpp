@@ -1,3 +1,4 @@
+#include "clallserial/tcBackends.h"
 #include "clallserial/tcPortTable.h"
 #include "clallserial/tcSerialConfig.h"
 
@@ -16,7 +17,7 @@ void tst_VirtualBackend::answersACommand()
     tcSerialConfig config;
     config.vendor = false;
     config.hostScan = false;
-    tcPortTable table(tcPortTable::backends(config, {}));
+    tcPortTable table(tcBackends::make(config, {}));
     uint32_t count = 0;
     QCOMPARE(table.count(&count), 0);
     QCOMPARE(count, 9u);
