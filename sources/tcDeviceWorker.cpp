@@ -1,0 +1,116 @@
+#include "sources/tcDeviceWorker.h"
+
+#include <QCoreApplication>
+#include <QDebug>
+#include <QElapsedTimer>
+#include <QThreadPool>
+
+#include <system_error>
+#include <thread>
+#include <utility>
+
+namespace
+{
+
+constexpr int cStopChecks = 10;
+constexpr int cStopCheckMs = 100;
+constexpr int cStopSliceMs = 10; ///< how long the window may stand still meanwhile
+
+/// The limit is read and written back, so changes of ours must not overlap.
+void changePoolLimit(int anBy)
+{
+    static std::mutex mutex;
+    const std::lock_guard lock(mutex);
+    QThreadPool* pool = QThreadPool::globalInstance();
+    pool->setMaxThreadCount(pool->maxThreadCount() + anBy);
+}
+
+} // namespace
+
+tcDeviceWorker::tcDeviceWorker(std::shared_ptr<tcWorkerLink> aLink) : mLink(std::move(aLink))
+{
+    setAutoDelete(false);
+}
+
+tcDeviceWorker::~tcDeviceWorker() = default;
+
+void tcDeviceWorker::start()
+{
+    {
+        const std::lock_guard lock(mMutex);
+        if (mInPool || mLetGo)
+            return;
+        mInPool = true;
+        mSelf = shared_from_this();
+        mLink->restart();
+    }
+    changePoolLimit(1);
+    QThreadPool::globalInstance()->start(this);
+}
+
+bool tcDeviceWorker::stop()
+{
+    {
+        const std::lock_guard lock(mMutex);
+        // A loop that ended without finishing is waited for like one that is stuck.
+        if (!mInPool && (mLink->isFinished() || !mLink->wasStarted()))
+            return true;
+    }
+    mLink->requestStop();
+    if (QThreadPool::globalInstance()->tryTake(this)) {
+        changePoolLimit(-1);
+        mLink->setFinished();
+        const std::lock_guard lock(mMutex);
+        mInPool = false;
+        mSelf.reset(); // never the last one: whoever calls holds one
+        return true;
+    }
+    if (waitFinished())
+        return true;
+    {
+        const std::lock_guard lock(mMutex);
+        mLetGo = true;
+    }
+    mLink->letGo();
+    return false;
+}
+
+bool tcDeviceWorker::waitFinished()
+{
+    for (int check = 1; !mLink->isFinished(); ++check) {
+        if (check == cStopChecks)
+            return false;
+        QElapsedTimer elapsed;
+        elapsed.start();
+        while (!mLink->waitFinished(cStopSliceMs) && !elapsed.hasExpired(cStopCheckMs))
+            QCoreApplication::processEvents(QEventLoop::AllEvents, cStopCheckMs);
+    }
+    return true;
+}
+
+void tcDeviceWorker::run()
+{
+    std::shared_ptr<tcDeviceWorker> self;
+    {
+        const std::lock_guard lock(mMutex);
+        self = std::move(mSelf);
+    }
+    try {
+        std::thread thread([link = mLink, body = loop()] {
+            body();
+            link->setEnded();
+        });
+        // Joined rather than merely seen to end: then nothing of it is left when the pool is
+        // done and the program tears itself down.
+        if (mLink->waitEnded())
+            thread.join();
+        else
+            thread.detach();
+    } catch (const std::system_error& error) { // out of threads
+        qWarning() << "Unable to start a device loop:" << error.what();
+        mLink->setFinished();
+    }
+    changePoolLimit(-1);
+    const std::lock_guard lock(mMutex);
+    mInPool = false;
+}
