@@ -37,6 +37,9 @@ function(tarvik_test name)
     set_target_properties(${name} PROPERTIES AUTOMOC ON
                           RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests/bin")
     target_link_libraries(${name} PRIVATE tarvik_options Qt5::Test ${arg_LINK})
+    if(WIN32)
+        target_sources(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests/support/tcWindowsSurroundings.cpp")
+    endif()
     add_test(NAME ${name} COMMAND ${name} ${arg_ARGS})
     tarvik_test_environment(${name})
     if(NOT arg_TIMEOUT)
@@ -60,11 +63,27 @@ function(tarvik_plain_test name)
     set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT})
 endfunction()
 
+# Wine has homes of its own, and the Windows programs find the project's libraries by the path.
 function(tarvik_test_environment name)
     set(home "${CMAKE_BINARY_DIR}/tests/home/${name}")
     file(MAKE_DIRECTORY "${home}")
-    set_tests_properties(${name} PROPERTIES ENVIRONMENT
-        "HOME=${home};XDG_CONFIG_HOME=${home}/.config;XDG_DATA_HOME=${home}/.local/share;QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TZ=Europe/Berlin;QT_LOGGING_RULES=;ASAN_OPTIONS=detect_leaks=1:new_delete_type_mismatch=0;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0;TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/tsan.supp:halt_on_error=1;UBSAN_OPTIONS=print_stacktrace=1")
+    set(environment "HOME=${home}" "XDG_CONFIG_HOME=${home}/.config" "XDG_DATA_HOME=${home}/.local/share"
+        "QT_QPA_PLATFORM=offscreen" "LC_ALL=C.UTF-8" "TZ=Europe/Berlin" "QT_LOGGING_RULES="
+        "ASAN_OPTIONS=detect_leaks=1:new_delete_type_mismatch=0"
+        "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0"
+        "TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/tsan.supp:halt_on_error=1"
+        "UBSAN_OPTIONS=print_stacktrace=1")
+    if(WIN32)
+        file(TO_NATIVE_PATH "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}" libraries)
+        if(CMAKE_CROSSCOMPILING)
+            string(REPLACE "/" "\\" libraries "Z:${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+            list(APPEND environment "WINEPATH=${libraries}")
+        else()
+            set_tests_properties(${name} PROPERTIES
+                ENVIRONMENT_MODIFICATION "PATH=path_list_prepend:${libraries}")
+        endif()
+    endif()
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}")
 endfunction()
 
 # tarvik_bench(name SOURCES... [LINK targets...])

@@ -19,6 +19,12 @@ bool isEqualInPractice(const tcExtent& acExtent)
     return magnitude >= std::abs(acExtent.smallest - acExtent.largest) * cEqualFactor;
 }
 
+// Not every system's pow rounds negative powers right; a division does.
+double powerOfTen(double anExponent)
+{
+    return anExponent < 0.0 ? 1.0 / std::pow(10.0, -anExponent) : std::pow(10.0, anExponent);
+}
+
 tcFit spreadFit(const tcExtent& acExtent)
 {
     return {{acExtent.smallest * cSpreadDown, acExtent.largest * cSpreadUp}, true};
@@ -52,7 +58,7 @@ tcFit valueFit(const tcExtent& acExtent)
         return spreadFit(acExtent);
     tcRange range{acExtent.smallest, acExtent.largest};
     const double tenth = (range.to - range.from) / cGaps;
-    const double unit = std::pow(10.0, std::ceil(std::log10(tenth) - 1.0));
+    const double unit = powerOfTen(std::ceil(std::log10(tenth) - 1.0));
     const double step = std::ceil(tenth / unit) * unit;
     if (step > 0.0 && std::isfinite(step)) {
         range.from = std::floor(range.from / step) * step;
