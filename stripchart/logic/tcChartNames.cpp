@@ -1,6 +1,8 @@
 #include "stripchart/logic/tcChartNames.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
+#include <QRegularExpression>
 
 namespace
 {
@@ -34,5 +36,24 @@ QString windowTitle(const tcTitleParts& acParts)
     if (!acParts.logFile.isEmpty())
         text += tr(QT_TRANSLATE_NOOP("tcStripChart", "- logging to %1")).arg(acParts.logFile);
     return text;
+}
+
+QString logFile(const QString& acChartName, const QDateTime& acStart)
+{
+    static const QRegularExpression refused(QStringLiteral("[\\\\/:*?\"<>|]"));
+    QString name = acChartName;
+    name.replace(refused, QStringLiteral("_"));
+    return name + QStringLiteral("_chart_log_")
+        + acStart.toString(QStringLiteral("yyyyMMdd_HHmmss")) + QStringLiteral(".csv");
+}
+
+QString markerFile(const QString& acLogFile)
+{
+    const QFileInfo log(acLogFile);
+    const QString path = log.canonicalFilePath();
+    // As designed: under the log's own path, not beside it. Where a log has vanished its path
+    // is empty, and the root folder is nobody's place for markers.
+    return path.isEmpty() ? QString()
+                          : path + '/' + log.baseName() + QStringLiteral("_meta.txt");
 }
 } // namespace tcChartNames

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 
-/// How a chart is called in its window title.
+/// How a chart is called in its window title, and its files.
 namespace tcChartNames
 {
 /// What stands in the title when a chart holds no curves: "Trend Chart:".
@@ -22,4 +23,11 @@ struct tcTitleParts
 
 /// Title, blank, name, status and log file. A chart without a name shows no title.
 QString windowTitle(const tcTitleParts& acParts);
+
+/// Proposed for a log started at that time, without its folder: the chart's name, what no file
+/// system allows in it replaced by "_", and the time.
+QString logFile(const QString& acChartName, const QDateTime& acStart);
+
+/// The file beside a log that takes its markers. Empty where the log itself is not to be found.
+QString markerFile(const QString& acLogFile);
 } // namespace tcChartNames

@@ -1,5 +1,6 @@
 #include "stripchart/logic/tcChartNames.h"
 
+#include <QTemporaryDir>
 #include <QtTest>
 
 class tst_ChartNames : public QObject
@@ -11,7 +12,63 @@ private Q_SLOTS:
     void windowTitle();
     void titleOfCurves_data();
     void titleOfCurves();
+    void logFile_data();
+    void logFile();
+    void markerFileLiesUnderTheLogsOwnPath();
+    void markerFileOfALinkedLog();
+    void noMarkerFileForAVanishedLog();
 };
+
+void tst_ChartNames::logFile_data()
+{
+    QTest::addColumn<QString>("chart");
+    QTest::addColumn<QString>("file");
+    const QString time = "_chart_log_20261115_153000.csv";
+    QTest::newRow("plain") << "Sensors"
+                           << "Sensors" + time;
+    QTest::newRow("colon and slash") << "Cam:1/T"
+                                     << "Cam_1_T" + time;
+    QTest::newRow("all nine") << "a\\b/c:d*e?f\"g<h>i|j"
+                              << "a_b_c_d_e_f_g_h_i_j" + time;
+    QTest::newRow("each for itself") << "??"
+                                     << "__" + time;
+    QTest::newRow("others stay") << "50 % [x] %1.é"
+                                 << "50 % [x] %1.é" + time;
+    QTest::newRow("no name") << "" << time;
+}
+
+void tst_ChartNames::logFile()
+{
+    QFETCH(QString, chart);
+    const QDateTime start(QDate(2026, 11, 15), QTime(15, 30));
+    QTEST(tcChartNames::logFile(chart, start), "file");
+}
+
+void tst_ChartNames::markerFileLiesUnderTheLogsOwnPath()
+{
+    QTemporaryDir folder;
+    QFile log(folder.filePath("cam.1.csv"));
+    QVERIFY(log.open(QIODevice::WriteOnly));
+    QCOMPARE(tcChartNames::markerFile(log.fileName()),
+             QFileInfo(log).canonicalFilePath() + "/cam_meta.txt");
+}
+
+void tst_ChartNames::markerFileOfALinkedLog()
+{
+    QTemporaryDir folder;
+    QFile log(folder.filePath("real.csv"));
+    QVERIFY(log.open(QIODevice::WriteOnly));
+    if (!log.link(folder.filePath("linked.csv")))
+        QSKIP("no links here");
+    QCOMPARE(tcChartNames::markerFile(folder.filePath("linked.csv")),
+             QFileInfo(log).canonicalFilePath() + "/linked_meta.txt");
+}
+
+void tst_ChartNames::noMarkerFileForAVanishedLog()
+{
+    QTemporaryDir folder;
+    QCOMPARE(tcChartNames::markerFile(folder.filePath("gone.csv")), QString());
+}
 
 void tst_ChartNames::windowTitle_data()
 {
