@@ -1,0 +1,93 @@
+#include "camera/tcLogView.h"
+
+#include <QPlainTextEdit>
+#include <QTextCursor>
+#include <QTextDocument>
+
+namespace
+{
+
+/// A character of the document as the view's plain text has it.
+QChar plain(QChar aCharacter)
+{
+    switch (aCharacter.unicode()) {
+    case 0xFDD0: // frame marks of the text engine, which the camera's bytes may spell
+    case 0xFDD1:
+    case QChar::ParagraphSeparator:
+    case QChar::LineSeparator:
+        return '\n';
+    case QChar::Nbsp:
+        return ' ';
+    default:
+        return aCharacter;
+    }
+}
+
+} // namespace
+
+tcLogView::tcLogView(QPlainTextEdit* apView) : QObject(apView), mView(apView)
+{
+    countAnew(mView->toPlainText());
+    connect(mView->document(), &QTextDocument::contentsChange, this,
+            &tcLogView::onContentsChange);
+}
+
+int tcLogView::length() const
+{
+    return mView->document()->characterCount() - 1;
+}
+
+void tcLogView::append(const QString& acText, bool abToEnd)
+{
+    const int from = length();
+    mAppending = true;
+    QTextCursor end(mView->document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(acText);
+    mAppending = false;
+    if (mCountsHold)
+        count(from, length());
+    if (abToEnd)
+        mView->moveCursor(QTextCursor::End);
+    mView->ensureCursorVisible();
+}
+
+void tcLogView::applyLimit(int anLimit)
+{
+    if (length() <= anLimit)
+        return;
+    if (!mCountsHold)
+        countAnew(mView->toPlainText());
+    if (mCounts.removesAnything(anLimit)) {
+        const QString text = tcLogLimit::applied(mView->toPlainText(), anLimit);
+        mView->setPlainText(text);
+        countAnew(text);
+    }
+    mView->moveCursor(QTextCursor::End);
+}
+
+/// Whatever else changes the text makes the counts worthless until they are needed again.
+void tcLogView::onContentsChange()
+{
+    if (mAppending)
+        return;
+    mCountsHold = length() == 0;
+    if (mCountsHold)
+        mCounts.clear();
+}
+
+void tcLogView::count(int anFrom, int anTo)
+{
+    QTextCursor added(mView->document());
+    added.setPosition(anFrom);
+    added.setPosition(anTo, QTextCursor::KeepAnchor);
+    for (const QChar character : added.selectedText())
+        mCounts.add(plain(character));
+}
+
+void tcLogView::countAnew(const QString& acText)
+{
+    mCounts.clear();
+    mCounts.add(acText);
+    mCountsHold = true;
+}

@@ -1,0 +1,419 @@
+#include "camera/tcVexaK40.h"
+
+#include "app/logic/tcHexDump.h"
+#include "camera/logic/tcCmvNames.h"
+#include "camera/logic/tcCommand.h"
+#include "camera/logic/tcCommandHelp.h"
+#include "camera/logic/tcIniArray.h"
+#include "camera/logic/tcReply.h"
+#include "camera/tcHelpDelegate.h"
+#include "camera/tcLogView.h"
+#include "camera/tcReceiver.h"
+#include "ui_VexaK40.h"
+#include "widgets/tcDialogs.h"
+
+#include <QDateTime>
+#include <QDebug>
+#include <QFile>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QPointer>
+#include <QScrollBar>
+#include <QSettings>
+
+#include <optional>
+#include <utility>
+
+namespace
+{
+
+constexpr int cRxIntervalMs = 20;
+constexpr int cKeepAliveMs = 1000;
+constexpr quint32 cWriteTimeoutMs = 200;
+constexpr quint32 cFileTimeoutMs = 1000;
+constexpr int cDefaultLength = 5000;
+constexpr int cLedSize = 8;
+constexpr int cLastReplyLines = 3;                   ///< two and the frame around them
+constexpr qint64 cMaxScriptBytes = 64 * 1024 * 1024; ///< more is no script
+
+QString keepAliveCommand()
+{
+    return QStringLiteral("<TEMP 0>");
+}
+
+/// The file's bytes up to its first NUL; nothing when it can't be read or is no script.
+std::optional<QByteArray> scriptOf(const QString& acFileName)
+{
+    QFile file(acFileName);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return std::nullopt;
+    QByteArray script = file.read(cMaxScriptBytes + 1);
+    if (script.size() > cMaxScriptBytes)
+        return std::nullopt;
+    const int nul = script.indexOf('\0');
+    return nul < 0 ? script : script.left(nul);
+}
+
+} // namespace
+
+tcVexaK40::tcVexaK40(teCmvType aeType, QWidget* apParent)
+    : tcCamlinkIface(apParent)
+    , mForm(std::make_unique<Ui::VexaK40>())
+    , mType(aeType)
+    , mReceiver(new tcReceiver(this))
+    , mRxBuffer(cDefaultLength)
+    , mMaxDescriptionLength(cDefaultLength)
+{
+    mForm->setupUi(this);
+    mForm->TimingGroupBox->hide();
+    mForm->ROIGroupBox->hide();
+    setAdvanced(false);
+    setUpViews();
+    setUpCommandBoxes();
+    connectCommands();
+    connectPresets();
+    connectReceiving();
+}
+
+tcVexaK40::~tcVexaK40() = default;
+
+void tcVexaK40::setUpViews()
+{
+    QFont font(QStringLiteral("Courier New"));
+    font.setStyleHint(QFont::TypeWriter); // where that family is missing
+    for (QPlainTextEdit* view : {mForm->PortRespPTE, mForm->RespHexPTE, mForm->lastRespPTE})
+        view->setFont(font);
+    mLog = new tcLogView(mForm->PortRespPTE);
+    mForm->rxLed->setState(false);
+    mForm->rxLed->setLedSize(cLedSize);
+    mForm->rxLed->setOffColor(Qt::gray);
+    mForm->tabWidget->setCornerWidget(mForm->viewTools);
+    mForm->sensorSplitter->setStretchFactor(0, 1);
+    mForm->splitter->setStretchFactor(0, 1);
+    const int lastReply = cLastReplyLines * mForm->lastRespPTE->fontMetrics().lineSpacing();
+    mForm->lastRespPTE->setMinimumHeight(lastReply);
+    mForm->splitter->setSizes({QWIDGETSIZE_MAX, lastReply});
+}
+
+void tcVexaK40::setUpCommandBoxes()
+{
+    mForm->exampleCB->addItems(tcCommandHelp::entries());
+    mForm->exampleCB->setItemDelegate(new tcHelpDelegate(mForm->exampleCB));
+    // Completing would send another command than the one that was typed.
+    mForm->CommandCB->setCompleter(nullptr);
+    mForm->CommandCB->lineEdit()->setClearButtonEnabled(true);
+}
+
+void tcVexaK40::connectCommands()
+{
+    connect(mForm->CommandCB->lineEdit(), &QLineEdit::returnPressed, this,
+            &tcVexaK40::SendCommand);
+    connect(mForm->SendCommandPB, &QPushButton::clicked, this, &tcVexaK40::SendCommand);
+    connect(mForm->startPB, &QPushButton::clicked, this,
+            [this] { send(QStringLiteral("<STRT>")); });
+    connect(mForm->stopPB, &QPushButton::clicked, this,
+            [this] { send(QStringLiteral("<STOP>")); });
+    connect(mForm->exampleCB, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            &tcVexaK40::showExample);
+    // Choosing the example that is already there shows its hint as well.
+    connect(mForm->exampleCB, qOverload<int>(&QComboBox::activated), this,
+            &tcVexaK40::showExample);
+}
+
+void tcVexaK40::connectPresets()
+{
+    connect(mForm->SendPresetPB, &QPushButton::clicked, this, &tcVexaK40::SendPreset);
+    connect(mForm->SendCustomPB, &QPushButton::clicked, this, &tcVexaK40::SendFile);
+    connect(mForm->presetsCB, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            &tcVexaK40::showPresetScript);
+}
+
+void tcVexaK40::connectReceiving()
+{
+    mRxTimer.setInterval(cRxIntervalMs);
+    mKeepAliveTimer.setInterval(cKeepAliveMs);
+    mHexTimer.setSingleShot(true);
+    mHexTimer.setInterval(0);
+    connect(&mRxTimer, &QTimer::timeout, this, &tcVexaK40::CheckRxData);
+    connect(&mKeepAliveTimer, &QTimer::timeout, this, &tcVexaK40::keepAlive);
+    connect(&mHexTimer, &QTimer::timeout, this, &tcVexaK40::updateHex);
+    connect(mReceiver, &tcReceiver::bytesReceived, this, &tcVexaK40::onBytesReceived);
+    connect(mReceiver, &tcReceiver::replyReceived, this, &tcVexaK40::handleReply);
+    connect(mForm->PortRespPTE, &QPlainTextEdit::textChanged, this, &tcVexaK40::updateHexSoon);
+    connect(mForm->tabWidget, &QTabWidget::currentChanged, this, &tcVexaK40::updateHex);
+    connect(mForm->clearPB, &QPushButton::clicked, this, &tcVexaK40::clearViews);
+    connect(mForm->fakeRXPB, &QPushButton::clicked, this,
+            [this] { handleReply(mForm->CommandCB->currentText()); });
+    connect(mForm->keepAlivePB, &QPushButton::toggled, this,
+            [this](bool abOn) { abOn ? mKeepAliveTimer.start() : mKeepAliveTimer.stop(); });
+}
+
+QString tcVexaK40::name() const
+{
+    return tcCmvNames::displayName(mType);
+}
+
+void tcVexaK40::openPort(tcSerialLink::tcRef aRef)
+{
+    mSerialRef = aRef;
+    mReceiver->start(aRef);
+    const qint32 status = tcSerialLink::setBaudRate(aRef);
+    if (status != 0) {
+        qDebug() << "Setting the baud rate failed with status" << status;
+        // As designed: the placeholder is not one that is filled, so it shows as it stands.
+        addText(tr("Error %d setting baudrate on COM port!\n"));
+        return;
+    }
+    // As designed: the rate is shown as the library's code.
+    addText(tr("Port opened [%1] BR set to %2\n").arg(aRef).arg(tcSerialLink::cBaudCode115200));
+    mRxTimer.start();
+}
+
+void tcVexaK40::closePort()
+{
+    mRxTimer.stop();
+    mReceiver->stop();
+    mSerialRef = 0;
+}
+
+void tcVexaK40::SendCommand()
+{
+    const QString text = mForm->CommandCB->currentText();
+    remember(text);
+    send(text);
+}
+
+/// Enters the text into the history by the rules that the box itself follows at Return.
+void tcVexaK40::remember(const QString& acText)
+{
+    QComboBox* history = mForm->CommandCB;
+    if (!acText.isEmpty()
+        && history->findText(acText, Qt::MatchFixedString | Qt::MatchCaseSensitive) < 0)
+        history->insertItem(0, acText);
+}
+
+void tcVexaK40::send(const QString& acText)
+{
+    if (acText.isEmpty())
+        return;
+    addText(writeCommand(tcCommand::completed(acText)));
+    mForm->CommandCB->setCurrentIndex(-1); // so that Down brings the newest entry back
+    mForm->CommandCB->lineEdit()->clear();
+    mForm->CommandCB->lineEdit()->setPlaceholderText({});
+}
+
+QString tcVexaK40::writeCommand(const QString& acCommand)
+{
+    if (mSerialRef == 0 || acCommand.isEmpty())
+        return {};
+    qDebug() << QDateTime::currentDateTime() << "TX:" << acCommand;
+    const qint32 status
+        = tcSerialLink::write(mSerialRef, tcCommand::wireForm(acCommand), cWriteTimeoutMs);
+    if (status != 0)
+        return tcSerialLink::errorText(mManufacturer, status);
+    return acCommand;
+}
+
+void tcVexaK40::showExample(int anIndex)
+{
+    QLineEdit* line = mForm->CommandCB->lineEdit();
+    line->setPlaceholderText(mForm->exampleCB->itemText(anIndex));
+    line->clear();
+}
+
+void tcVexaK40::keepAlive()
+{
+    if (mSerialRef == 0)
+        return;
+    mExpectedReply = keepAliveCommand();
+    writeCommand(keepAliveCommand());
+}
+
+void tcVexaK40::SendPreset()
+{
+    const tcPreset* preset = currentPreset();
+    if (mSerialRef == 0 || !preset)
+        return;
+    const QByteArray script(preset->script);
+    constexpr int cBytesPerMs = 5;
+    tcSerialLink::write(mSerialRef, script, static_cast<quint32>(script.size() / cBytesPerMs));
+}
+
+void tcVexaK40::SendFile()
+{
+    if (mSerialRef == 0)
+        return;
+    const QPointer<tcVexaK40> alive(this);
+    const QString fileName = tcDialogs::current().openFile(this, tr("Custom Preset File"), {},
+                                                           tr("preset files (*.txt)"));
+    // While the operator chose, the camera may have fallen silent and the port been closed.
+    if (!alive || fileName.isEmpty() || mSerialRef == 0)
+        return;
+    if (const std::optional<QByteArray> script = scriptOf(fileName))
+        tcSerialLink::write(mSerialRef, *script, cFileTimeoutMs);
+}
+
+void tcVexaK40::CheckRxData()
+{
+    const QPointer<tcVexaK40> alive(this);
+    const bool stillOpen = mReceiver->run();
+    if (!alive || !stillOpen)
+        return;
+    if (mForm->keepAlivePB->isChecked() && mReceiver->isSilent()) {
+        Q_EMIT requestClosePort();
+        log(tr("Timeout .. no data from camera in > 5 seconds... closing connection"), true);
+    }
+}
+
+void tcVexaK40::handleReply(const QString& acLine)
+{
+    qDebug() << QDateTime::currentDateTime() << "LINE: " << acLine;
+    if (acLine.isEmpty())
+        return;
+    const QString text = tcReply::normalised(acLine);
+    if (!mExpectedReply.isEmpty() && text.startsWith(mExpectedReply))
+        mExpectedReply.clear();
+    else
+        route(text);
+    mForm->lastRespPTE->setPlainText(text);
+}
+
+/// Hands a reply that nobody waits for to whom it concerns.
+void tcVexaK40::route(const QString& acText)
+{
+    const bool plotting = mForm->tempsPB->isChecked();
+    if (const auto reading = plotting ? tcReply::sensorReading(acText) : std::nullopt) {
+        Q_EMIT sensorReading(reading->number, reading->value);
+    } else if (const auto cooler = tcReply::coolerState(acText)) {
+        Q_EMIT coolerState(cooler->on, cooler->setPoint);
+        addText(tr("Setpoint: ") + acText);
+    } else {
+        addText(acText + '\n');
+    }
+}
+
+void tcVexaK40::addText(const QString& arText)
+{
+    log(arText, false);
+}
+
+void tcVexaK40::log(const QString& acText, bool abToEnd)
+{
+    const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss.zzz"));
+    mLog->append(time + QStringLiteral(": ") + acText, abToEnd);
+    onTextChanged();
+}
+
+void tcVexaK40::onTextChanged()
+{
+    mLog->applyLimit(mMaxDescriptionLength);
+}
+
+void tcVexaK40::onBytesReceived(const QByteArray& acBytes)
+{
+    mRxBuffer.append(acBytes);
+    mHexIsOld = true;
+    updateHexSoon();
+}
+
+void tcVexaK40::clearViews()
+{
+    mRxBuffer.clear();
+    mHexIsOld = true;
+    mForm->PortRespPTE->clear();
+    updateHex();
+}
+
+void tcVexaK40::updateHexSoon()
+{
+    if (mHexIsOld && !mHexTimer.isActive())
+        mHexTimer.start();
+}
+
+void tcVexaK40::updateHex()
+{
+    if (!std::exchange(mHexIsOld, false))
+        return;
+    QScrollBar* bar = mForm->RespHexPTE->verticalScrollBar();
+    const int position = bar->value();
+    mForm->RespHexPTE->setPlainText(tcHexDump::text(mRxBuffer.bytes()));
+    bar->setValue(position);
+}
+
+tcPreset* tcVexaK40::currentPreset() const
+{
+    return mForm->presetsCB->currentData().value<tcCamlinkIface::Preset*>();
+}
+
+void tcVexaK40::showPresetScript()
+{
+    const tcPreset* preset = currentPreset();
+    mForm->presetsCB->setToolTip(preset ? QString::fromLocal8Bit(preset->script) : QString());
+}
+
+void tcVexaK40::setAdvanced(bool abOn)
+{
+    mForm->addSensorTB->setVisible(abOn);
+    mForm->simSensorsPB->setVisible(abOn);
+    mForm->fakeRXPB->setVisible(abOn);
+    mForm->keepAlivePB->setVisible(abOn);
+}
+
+void tcVexaK40::loadSettings(QSettings* apSettings)
+{
+    apSettings->beginGroup(name());
+    loadHistory(*apSettings);
+    bool readable = false;
+    const int length
+        = apSettings->value(QStringLiteral("mMaxDescriptionLength"), cDefaultLength)
+              .toInt(&readable);
+    mMaxDescriptionLength = readable && length >= 0 ? length : cDefaultLength;
+    mRxBuffer.setLimit(mMaxDescriptionLength);
+    setAdvanced(apSettings->value(QStringLiteral("advanced"), false).toBool());
+    apSettings->endGroup();
+    loadPresets(QFileInfo(apSettings->fileName()).path() + QStringLiteral("/presets.ini"));
+}
+
+void tcVexaK40::loadHistory(QSettings& arSettings)
+{
+    mForm->CommandCB->clear();
+    arSettings.beginGroup(QStringLiteral("cmds"));
+    const int size = arSettings.value(QStringLiteral("size")).toInt();
+    for (const int number : tcIniArray::entryNumbers(arSettings, size)) {
+        const QString key = QString::number(number) + QStringLiteral("/cmd");
+        mForm->CommandCB->addItem(arSettings.value(key).toString());
+    }
+    arSettings.endGroup();
+    mForm->CommandCB->setCurrentIndex(-1); // nothing is typed yet
+}
+
+void tcVexaK40::saveSettings(QSettings* apSettings)
+{
+    apSettings->beginGroup(name());
+    apSettings->remove(QStringLiteral("cmds")); // no leftovers of a longer history
+    const QComboBox* history = mForm->CommandCB;
+    apSettings->beginWriteArray(QStringLiteral("cmds"), history->count());
+    for (int index = 0; index < history->count(); ++index) {
+        apSettings->setArrayIndex(index);
+        apSettings->setValue(QStringLiteral("cmd"), history->itemText(index));
+    }
+    apSettings->endArray();
+    apSettings->setValue(QStringLiteral("mMaxDescriptionLength"), mMaxDescriptionLength);
+    apSettings->endGroup();
+}
+
+void tcVexaK40::loadPresets(const QString& acPath)
+{
+    const tcPresetList::tcFile file = tcPresetList::read(acPath, mType);
+    if (!file.problem.isEmpty()) {
+        qDebug() << "No presets from" << acPath << ":" << file.problem;
+        return;
+    }
+    mForm->presetsCB->clear();
+    mPresets.rebuild(mType, file);
+    for (int index = 0; index < mPresets.count(); ++index)
+        mForm->presetsCB->addItem(QString::fromLocal8Bit(mPresets.at(index)->label),
+                                  QVariant::fromValue(mPresets.at(index)));
+    qDebug() << tcCmvNames::presetArray(mType) << " found" << mPresets.builtIns()
+             << " hard coded + " << file.size << "file presets";
+}
