@@ -2,11 +2,11 @@
 
 #include "camlink/logic/tcReceivedText.h"
 #include "camlink/tcCamlinkIface.h"
+#include "widgets/tcReplyView.h"
 
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTimer>
 
@@ -49,7 +49,7 @@ private:
     tcReceivedText mReceived;
     QComboBox* mPresetsCB = nullptr; ///< the four below are the form's, by Qt parenthood
     QLineEdit* mCommandLE = nullptr;
-    QPlainTextEdit* mResponsePTE = nullptr;
+    tcReplyView* mResponsePTE = nullptr;
 };
 
 template <class Panel, class Form>
@@ -64,6 +64,7 @@ void tcBasicPanel::connectForm(Panel* apPanel, const Form& acForm)
     connect(acForm.SendPresetPB, &QPushButton::clicked, apPanel, &Panel::SendPreset);
     connect(acForm.SendCustomPB, &QPushButton::clicked, apPanel, &Panel::SendFile);
     mResponsePTE->ensureCursorVisible();
+    tcReplyView::installShortcuts(this, {mResponsePTE});
     fillPresets();
     acForm.TimingGroupBox->hide();
     acForm.ROIGroupBox->hide();

@@ -2,8 +2,10 @@
 
 #include "camera/tcVexaK40.h"
 #include "camlink/logic/teCmvType.h"
+#include "camlink/tcSessionControl.h"
 #include "camlink/tcVexaR60.h"
 #include "camlink/tcVexaR70.h"
+#include "widgets/tcReplyView.h"
 
 #include "ui_CamlinkControl.h"
 
@@ -13,7 +15,9 @@
 #include <QShortcut>
 
 tcCamlinkControl::tcCamlinkControl(QWidget* apParent)
-    : QWidget(apParent), mForm(std::make_unique<Ui::CamlinkControl>())
+    : QWidget(apParent)
+    , mForm(std::make_unique<Ui::CamlinkControl>())
+    , mSession(new tcSessionControl(this))
 {
     mForm->setupUi(this);
     refresh();
@@ -47,6 +51,8 @@ void tcCamlinkControl::addPanels()
         addPanel(0, new tcVexaK40(static_cast<teCmvType>(sensors.value(key)), this));
     addPanel(1, new tcVexaR60(this));
     addPanel(2, new tcVexaR70(this));
+    for (auto* view : findChildren<tcReplyView*>())
+        view->addMenuAction(mSession->action());
 }
 
 void tcCamlinkControl::connectForm()
@@ -102,6 +108,7 @@ void tcCamlinkControl::openPort()
         return;
     }
     mSerialRef = port.ref;
+    mSession->portOpened(mForm->cameraCB->currentText(), mForm->portCB->currentText());
     if (tcCamlinkIface* panel = currentPanel()) {
         panel->setManufacturer(mManufacturer);
         panel->openPort(mSerialRef);
@@ -119,14 +126,14 @@ void tcCamlinkControl::closeCamera()
     Q_EMIT opened(false);
 }
 
-bool tcCamlinkControl::letGoOfPort()
+void tcCamlinkControl::letGoOfPort()
 {
     if (tcCamlinkIface* panel = currentPanel())
         panel->closePort();
     // Forgotten before it is closed: a driver that hangs meanwhile won't be asked twice.
     const tcSerialLink::tcRef ref = std::exchange(mSerialRef, 0);
     tcSerialLink::close(ref);
-    return ref != 0;
+    mSession->portClosed();
 }
 
 void tcCamlinkControl::closeEvent(QCloseEvent* apEvent)
@@ -152,6 +159,7 @@ QList<tcCamlinkIface*> tcCamlinkControl::panels() const
 
 void tcCamlinkControl::loadSettings(QSettings* apSettings)
 {
+    mSession->loadSettings(apSettings);
     apSettings->beginGroup(QStringLiteral("panel"));
     const QString camera = apSettings->value(QStringLiteral("camera")).toString();
     apSettings->endGroup();
@@ -166,6 +174,7 @@ void tcCamlinkControl::loadSettings(QSettings* apSettings)
 
 void tcCamlinkControl::saveSettings(QSettings* apSettings)
 {
+    mSession->saveSettings(apSettings);
     apSettings->beginGroup(QStringLiteral("panel"));
     apSettings->setValue(QStringLiteral("camera"), mForm->cameraCB->currentText());
     apSettings->endGroup();

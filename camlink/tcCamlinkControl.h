@@ -9,6 +9,7 @@
 
 class QSettings;
 class tcCamlinkIface;
+class tcSessionControl;
 
 namespace Ui
 {
@@ -31,6 +32,9 @@ public:
     /// The chosen camera and every panel's own settings; the object is not kept.
     void loadSettings(QSettings* apSettings);
     void saveSettings(QSettings* apSettings);
+
+    /// The log of what goes over the line, by Qt parenthood.
+    tcSessionControl* session() const { return mSession; }
 
 Q_SIGNALS:
     void opened(bool abOpen);
@@ -55,11 +59,12 @@ private:
     void connectForm();
     void openPort();
     void refreshUnlessOpen();
-    bool letGoOfPort();
+    void letGoOfPort();
     tcCamlinkIface* currentPanel() const;
     QList<tcCamlinkIface*> panels() const;
 
     std::unique_ptr<Ui::CamlinkControl> mForm;
+    tcSessionControl* mSession;         ///< by Qt parenthood
     tcSerialLink::tcRef mSerialRef = 0; ///< 0 while closed
     QStringList mPortManufacturers;
     QString mManufacturer; ///< of the port last opened

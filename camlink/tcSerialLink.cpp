@@ -16,6 +16,8 @@ namespace
 constexpr quint32 cNameSize = 50; ///< room for a manufacturer or port ID, NUL included
 constexpr quint32 cErrorTextSize = 2048;
 
+tcTap* sTap = nullptr;
+
 hSerRef handle(tcRef aRef)
 {
     return reinterpret_cast<hSerRef>(aRef);
@@ -103,14 +105,24 @@ tcReadResult read(tcRef aRef, quint32 anSize, quint32 anTimeoutMs)
             --kept;
     }
     result.bytes.truncate(static_cast<int>(kept));
+    if (sTap && !result.bytes.isEmpty())
+        sTap->received(result.bytes);
     return result;
+}
+
+void setTap(tcTap* apTap)
+{
+    sTap = apTap;
 }
 
 qint32 write(tcRef aRef, const QByteArray& acBytes, quint32 anTimeoutMs)
 {
     QByteArray copy = acBytes; // the library asks for a buffer that is not constant
     auto size = static_cast<quint32>(copy.size());
-    return clSerialWrite(handle(aRef), copy.data(), &size, anTimeoutMs);
+    const qint32 status = clSerialWrite(handle(aRef), copy.data(), &size, anTimeoutMs);
+    if (sTap)
+        sTap->sent(acBytes, status);
+    return status;
 }
 
 QString errorText(const QString& acManufacturer, qint32 anStatus)

@@ -62,6 +62,20 @@ constexpr quint32 cMaxRead = 1024 * 1024;
 /// Writes the bytes as they are, in one call.
 qint32 write(tcRef aRef, const QByteArray& acBytes, quint32 anTimeoutMs);
 
+/// Hears what goes over the line: whole writes as they were handed over and what became of
+/// them, reads as they came.
+class tcTap
+{
+public:
+    virtual void sent(const QByteArray& acBytes, qint32 anStatus) = 0;
+    virtual void received(const QByteArray& acBytes) = 0;
+
+protected:
+    ~tcTap() = default;
+};
+/// At most one; not owned, null to end.
+void setTap(tcTap* apTap);
+
 /// The maker's text for a status; "Unknown error code" and the number when there is none.
 QString errorText(const QString& acManufacturer, qint32 anStatus);
 
