@@ -28,8 +28,8 @@ constexpr double cCoolerMaxW = 12.0;
 constexpr double cCoolerMaxA = 2.0;
 constexpr double cCoolerOhm = 2.4;
 constexpr double cCoolerVoltPerK = 0.025;
-constexpr double cGain = 0.25;          // drive per K
-constexpr double cIntegralGain = 0.002; // drive per K and second
+constexpr double cGain = 0.4;          // drive per K
+constexpr double cIntegralGain = 0.004; // drive per K and second
 
 /// Sensors 8 to 15: currents in mA, then voltages in V.
 constexpr std::array<double, 8> cRails{{12.4, 38.0, 21.5, 44.0, 2.1, 3.3, 3.0, 3.3}};
