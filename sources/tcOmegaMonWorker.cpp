@@ -19,9 +19,10 @@ constexpr qint64 cRequestSize = 3;
 constexpr int cWaitMs = 1000;
 constexpr int cWaitSliceMs = 50; ///< how long a silent thermometer delays a stop
 constexpr int cPauseMs = 100;
-/// A backlog beyond this comes from a device that talks unasked. It is of no use: a reading is
-/// stamped when it is read.
-constexpr qint64 cMaxBacklog = 4096;
+/// One line is read for each request, so whatever comes unasked, or in pieces, stays behind and
+/// is read later. A reading is stamped when it is read: this much may be a second old, and no
+/// more is kept.
+constexpr qint64 cMaxBacklog = 64;
 
 void applySettings(QSerialPort& arPort)
 {

@@ -10,8 +10,6 @@
 /// What a source emits, as it arrives on the thread of this object.
 class tcReceived : public QObject
 {
-    Q_OBJECT
-
 public:
     explicit tcReceived(tcDataSource* apSource)
     {
