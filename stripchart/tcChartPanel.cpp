@@ -1,0 +1,36 @@
+#include "stripchart/tcChartPanel.h"
+
+#include "ui_StripChart.h"
+
+namespace
+{
+void connectButton(QAbstractButton* apButton, QAction* apAction)
+{
+    QObject::connect(apButton, &QAbstractButton::clicked, apAction, &QAction::trigger);
+}
+
+// Both keep their own texts, so the button can't simply show the action.
+void connectSwitch(QAbstractButton* apButton, QAction* apAction)
+{
+    apButton->setChecked(apAction->isChecked());
+    QObject::connect(apButton, &QAbstractButton::toggled, apAction, &QAction::setChecked);
+    QObject::connect(apAction, &QAction::toggled, apButton, &QAbstractButton::setChecked);
+}
+} // namespace
+
+void tcChartPanel::connectButtons(Ui::StripChart& arForm, QAction& arLogAction)
+{
+    arForm.toolButton_Pause->setDefaultAction(arForm.actionPause_Updates);
+    arForm.toolButton_Log->setDefaultAction(&arLogAction);
+    arForm.toolButton_Load->setDefaultAction(arForm.actionLoad_from_File);
+    connectButton(arForm.toolButtonClear, arForm.actionClear_Samples);
+    connectButton(arForm.toolButtonMarkers, arForm.actionMarkers);
+    connectButton(arForm.toolButton_Save, arForm.actionSave);
+    connectButton(arForm.toolButtonAutoScaleX, arForm.actionAutoScale_X);
+    connectButton(arForm.toolButtonAutoScaleY, arForm.actionAutoScale_Y);
+    connectButton(arForm.toolButtonAutoScaleY2, arForm.actionAutoScale_Y2);
+    connectSwitch(arForm.toolButton_showX, arForm.actionShow_X_Axis);
+    connectSwitch(arForm.toolButton_showMs, arForm.actionShow_ms);
+    arForm.splitter->setStretchFactor(0, 0);
+    arForm.splitter->setStretchFactor(1, 1);
+}

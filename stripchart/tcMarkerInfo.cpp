@@ -1,0 +1,71 @@
+#include "stripchart/tcMarkerInfo.h"
+
+#include "stripchart/tcMarkerTable.h"
+#include "stripchart/tcRowsDialog.h"
+#include "stripchart/tcStripMarker.h"
+
+#include <QDateTime>
+#include <QFormLayout>
+#include <QLineEdit>
+#include <QSignalBlocker>
+
+#include <iterator>
+
+namespace
+{
+QString placeText(const tcStripMarker& acMarker)
+{
+    const auto time = QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(acMarker.xValue()));
+    return QStringLiteral("%1,%2").arg(time.toString(QStringLiteral("hh:mm:ss.zzz")),
+                                       QString::number(acMarker.yValue(), 'f', 3));
+}
+} // namespace
+
+tcMarkerInfo::tcMarkerInfo(tcMarkerTable& arMarkers, QWidget* apParent)
+    : QDialog(apParent)
+    , mMarkers(arMarkers)
+    , mRows(tcRowsDialog::prepare(*this, QSize(320, 120)))
+{
+    setObjectName(QStringLiteral("tcMarkerInfo"));
+    setWindowTitle(tr("Markers"));
+    const QList<QUuid> keys = mMarkers.markers().keys();
+    for (const QUuid& key : keys)
+        addRow(key);
+    connect(&mMarkers, &tcMarkerTable::added, this, &tcMarkerInfo::addRow);
+    connect(&mMarkers, &tcMarkerTable::removed, this, &tcMarkerInfo::removeRow);
+    connect(&mMarkers, &tcMarkerTable::textChanged, this, &tcMarkerInfo::showText);
+    tcRowsDialog::fit(*this);
+}
+
+void tcMarkerInfo::addRow(const QUuid& acKey)
+{
+    const tcStripMarker& marker = *mMarkers.find(acKey);
+    auto* edit = new QLineEdit(marker.label().text());
+    const auto place = mEdits.insert(acKey, edit);
+    const int row = static_cast<int>(std::distance(mEdits.begin(), place));
+    mRows->insertRow(row, tr("at %1").arg(placeText(marker)), edit);
+    connect(edit, &QLineEdit::textChanged, this,
+            [this, acKey](const QString& acText) { takeText(acKey, acText); });
+}
+
+void tcMarkerInfo::removeRow(const QUuid& acKey)
+{
+    if (QLineEdit* edit = mEdits.take(acKey))
+        mRows->removeRow(edit);
+}
+
+void tcMarkerInfo::showText(const QUuid& acKey)
+{
+    QLineEdit* edit = mEdits.value(acKey);
+    const tcStripMarker* marker = mMarkers.find(acKey);
+    if (!edit || !marker || edit->text() == marker->label().text())
+        return;
+    const QSignalBlocker blocker(edit);
+    edit->setText(marker->label().text());
+}
+
+void tcMarkerInfo::takeText(const QUuid& acKey, const QString& acText)
+{
+    mMarkers.setText(acKey, acText);
+    Q_EMIT markerChanged(mMarkers.order().indexOf(acKey));
+}

@@ -1,0 +1,94 @@
+#include "stripchart/tcMinMaxLines.h"
+
+#include "stripchart/tcStripCurve.h"
+
+#include <QCoreApplication>
+#include <qwt_plot.h>
+#include <qwt_text.h>
+
+#include <algorithm>
+#include <limits>
+
+namespace
+{
+constexpr double cAboveAll = std::numeric_limits<double>::max();
+// As designed: the smallest positive double, not the most negative one, so the line of the
+// highest value never goes below zero.
+constexpr double cBelowAll = std::numeric_limits<double>::min();
+const QColor cUnfollowedColor(200, 200, 200);
+
+void prepare(tcStripLineMarker& arLine, double anValue, QwtPlot& arPlot)
+{
+    arLine.setLineStyle(QwtPlotMarker::HLine);
+    arLine.setLabelAlignment(Qt::AlignRight | Qt::AlignBottom);
+    arLine.setLinePen(cUnfollowedColor, 0.0, Qt::DotLine);
+    QwtText label;
+    label.setColor(Qt::white);
+    arLine.setLabel(label);
+    arLine.setYValue(anValue);
+    arLine.setVisible(false);
+    arLine.attach(&arPlot);
+}
+
+bool hasValues(const tcStripCurve& acCurve)
+{
+    double lowest = 0.0;
+    double highest = 0.0;
+    return acCurve.finiteYRange(&lowest, &highest);
+}
+} // namespace
+
+tcMinMaxLines::tcMinMaxLines(QwtPlot& arPlot)
+    : mMin(QStringLiteral("Min:")), mMax(QStringLiteral("Max:"))
+{
+    prepare(mMin, cAboveAll, arPlot);
+    prepare(mMax, cBelowAll, arPlot);
+}
+
+void tcMinMaxLines::toExtremes()
+{
+    mMin.setYValue(cAboveAll);
+    mMax.setYValue(cBelowAll);
+}
+
+void tcMinMaxLines::refresh()
+{
+    const tcStripCurve* low = mMin.curve();
+    if (low && hasValues(*low)) {
+        const double now = mMin.yValue() == 0.0 ? low->minYValue() : mMin.yValue();
+        mMin.setYValueWithLabel(std::min(now, low->minYValue()));
+    }
+    const tcStripCurve* high = mMax.curve();
+    if (high && hasValues(*high))
+        mMax.setYValueWithLabel(std::max(high->maxYValue(), mMax.yValue()));
+}
+
+void tcMinMaxLines::widen(const tcStripCurve& acCurve)
+{
+    if ((!mMin.isVisible() && !mMax.isVisible()) || !hasValues(acCurve))
+        return;
+    // As designed: the curve that received the reading, and no new label.
+    if (mMin.isVisible())
+        mMin.setYValue(std::min(mMin.yValue(), acCurve.minYValue()));
+    if (mMax.isVisible())
+        mMax.setYValue(std::max(mMax.yValue(), acCurve.maxYValue()));
+}
+
+void tcMinMaxLines::follow(tcStripCurve* apCurve)
+{
+    mMin.setCurve(apCurve);
+    mMax.setCurve(apCurve);
+}
+
+void tcMinMaxLines::setShown(bool abOn)
+{
+    mShown = abOn;
+    mMin.setVisible(abOn);
+    mMax.setVisible(abOn);
+}
+
+void tcMinMaxLines::keepHidden()
+{
+    if (!mShown)
+        setShown(false);
+}

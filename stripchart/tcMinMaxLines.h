@@ -1,0 +1,39 @@
+#pragma once
+
+#include "stripchart/tcStripMarker.h"
+
+class QwtPlot;
+class tcStripCurve;
+
+/// The two lines at the lowest and the highest value of the curve that they follow.
+class tcMinMaxLines
+{
+public:
+    /// Both stand on the plot, hidden; arPlot outlives them.
+    explicit tcMinMaxLines(QwtPlot& arPlot);
+
+    /// Puts both where no value has been yet: at the largest double and at the smallest
+    /// positive one.
+    void toExtremes();
+    /// Widens both by the extent of the followed curve and writes their labels.
+    void refresh();
+    /// Widens what is visible by the extent of a curve that received a reading, whichever curve
+    /// is followed. Labels follow with the next refresh().
+    void widen(const tcStripCurve& acCurve);
+
+    void follow(tcStripCurve* apCurve);
+    bool isFollowing() const { return mMin.curve() != nullptr; }
+
+    void setShown(bool abOn);
+    bool isShown() const { return mShown; }
+    /// Showing a curve shows what follows it; lines that are off go away again.
+    void keepHidden();
+
+    const tcStripMarker& minLine() const { return mMin; }
+    const tcStripMarker& maxLine() const { return mMax; }
+
+private:
+    tcStripLineMarker mMin;
+    tcStripLineMarker mMax;
+    bool mShown = false;
+};

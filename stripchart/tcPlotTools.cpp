@@ -1,0 +1,69 @@
+#include "stripchart/tcPlotTools.h"
+
+#include "stripchart/TimeScalePicker.h"
+#include "stripchart/tcStripMagnifier.h"
+
+#include <QPen>
+#include <qwt_plot.h>
+#include <qwt_plot_grid.h>
+#include <qwt_plot_zoomer.h>
+
+namespace
+{
+const QColor cMajorGridColor(62, 70, 80);
+const QColor cMinorGridColor(36, 41, 48);
+const QColor cZoomBandColor(230, 230, 230);
+} // namespace
+
+tcPlotTools::tcPlotTools(QwtPlot& arPlot)
+    : mPlot(arPlot), mGrid(std::make_unique<QwtPlotGrid>())
+{
+    mGrid->setMajorPen(cMajorGridColor, 0.0, Qt::SolidLine);
+    mGrid->setMinorPen(cMinorGridColor, 0.0, Qt::DotLine);
+    mGrid->attach(&mPlot);
+}
+
+tcPlotTools::~tcPlotTools() = default;
+
+void tcPlotTools::prepareMouse(tcMarkerTable& arMarkers)
+{
+    mZoomer = new QwtPlotZoomer(mPlot.canvas());
+    mZoomer->setRubberBandPen(QPen(cZoomBandColor, 0.0, Qt::DashLine));
+    mZoomer->setTrackerMode(QwtPicker::AlwaysOff);
+    mZoomer->setMousePattern(QwtEventPattern::MouseSelect2, Qt::RightButton, Qt::ShiftModifier);
+    connect(mZoomer, &QwtPlotZoomer::zoomed, this, &tcPlotTools::zoomed);
+    connect(mZoomer, &QwtPicker::activated, this, &tcPlotTools::keepZoomBase);
+
+    auto* picker = new TimeScalePicker(mPlot.canvas(), arMarkers);
+    connect(picker, &TimeScalePicker::markerRequest, this, &tcPlotTools::markerRequest);
+
+    auto* magnifier = new tcStripMagnifier(mPlot.canvas());
+    for (const int axis : {QwtPlot::yRight, QwtPlot::xBottom, QwtPlot::xTop})
+        magnifier->setAxisEnabled(axis, false);
+}
+
+void tcPlotTools::showGrid(bool abOn)
+{
+    mGrid->setVisible(abOn);
+    mPlot.replot();
+}
+
+void tcPlotTools::showMinorGrid(bool abOn)
+{
+    mGrid->enableXMin(abOn);
+    mGrid->enableYMin(abOn);
+    mPlot.replot();
+}
+
+void tcPlotTools::zoomOut()
+{
+    if (mZoomer->zoomRectIndex() > 0)
+        mZoomer->zoom(0);
+    mPlot.replot();
+}
+
+void tcPlotTools::keepZoomBase()
+{
+    if (mZoomer->zoomRectIndex() == 0)
+        mZoomer->setZoomBase(false);
+}

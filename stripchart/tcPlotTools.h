@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QObject>
+
+#include <memory>
+
+class QPoint;
+class QRectF;
+class QwtPlot;
+class QwtPlotGrid;
+class QwtPlotZoomer;
+class tcMarkerTable;
+
+/// The mouse tools and the grid of the plot.
+class tcPlotTools : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// arPlot outlives the tools; the markers are given once they are there.
+    explicit tcPlotTools(QwtPlot& arPlot);
+    ~tcPlotTools() override;
+
+    /// Puts zoomer, picker and magnifier on the canvas, which owns them.
+    void prepareMouse(tcMarkerTable& arMarkers);
+
+    QwtPlotGrid& grid() const { return *mGrid; }
+    void showGrid(bool abOn);
+    void showMinorGrid(bool abOn);
+
+    void zoomOut(); ///< to what was shown before the first zoom
+    /// Notes what is shown now as what zooming out goes back to, unless a zoom is in force.
+    void keepZoomBase();
+
+Q_SIGNALS:
+    void zoomed(const QRectF& arRect);
+    void markerRequest(const QPoint& pos); ///< pixels of the canvas
+
+private:
+    QwtPlot& mPlot;
+    std::unique_ptr<QwtPlotGrid> mGrid;
+    QwtPlotZoomer* mZoomer = nullptr; ///< owned by the canvas
+};

@@ -1,0 +1,457 @@
+#include "stripchart/tcStripChart.h"
+
+#include "stripchart/logic/tcChartNames.h"
+#include "stripchart/tcAxisControl.h"
+#include "stripchart/tcChartDialogs.h"
+#include "stripchart/tcChartMenu.h"
+#include "stripchart/tcChartPanel.h"
+#include "stripchart/tcLegendControl.h"
+#include "stripchart/tcMarkerTable.h"
+#include "stripchart/tcMinMaxLines.h"
+#include "stripchart/tcPlotTools.h"
+#include "stripchart/tcReplotRequest.h"
+#include "stripchart/tcStripCurve.h"
+#include "ui_StripChart.h"
+
+#include <QDateTime>
+#include <QDebug>
+#include <QMenu>
+#include <QTimerEvent>
+#include <qwt_legend.h>
+#include <qwt_plot_layout.h>
+
+namespace
+{
+constexpr int cTimerIntervalMs = 1000;
+constexpr int cMinimumHeight = 250; ///< pixels; a lower chart shows no times
+constexpr int cPlotMinimumHeight = 120;
+constexpr int cPlotMinimumWidth = 160;
+} // namespace
+
+tcStripChart::tcStripChart(QWidget* apParent)
+    : QFrame(apParent)
+    , mForm(std::make_unique<Ui::StripChart>())
+    , mLogAction(new QAction(tr("Log Data..."), this))
+    , mClock(&QDateTime::currentMSecsSinceEpoch)
+    , mTitle(tcChartNames::defaultTitle())
+{
+    mForm->setupUi(this);
+    mForm->qwtPlot->setMinimumSize(cPlotMinimumWidth, cPlotMinimumHeight);
+    mForm->qwtPlot->setAutoDelete(false);
+    mForm->qwtPlot->plotLayout()->setAlignCanvasToScales(true);
+    mReplot = std::make_unique<tcReplotRequest>(*mForm->qwtPlot);
+    mTools = std::make_unique<tcPlotTools>(*mForm->qwtPlot);
+    mAxes = std::make_unique<tcAxisControl>(*mForm, mTools->grid());
+    mMinMax = std::make_unique<tcMinMaxLines>(*mForm->qwtPlot);
+    mMarkers = std::make_unique<tcMarkerTable>(*mForm->qwtPlot);
+    mLegend = std::make_unique<tcLegendControl>(*mForm->qwtPlot, *mForm->verticalLayoutLegend);
+    mMenu = std::make_unique<tcChartMenu>(*mForm, *mLogAction);
+    mDialogs = std::make_unique<tcChartDialogs>(*mForm->qwtPlot);
+    mLogAction->setCheckable(true);
+    mTools->prepareMouse(*mMarkers);
+    mTools->showMinorGrid(false);
+    tcChartPanel::connectButtons(*mForm, *mLogAction);
+    connectPlot();
+    connectAxes();
+    connectLegend();
+    connectMenus();
+    connectTools();
+    startUpdates();
+}
+
+tcStripChart::~tcStripChart()
+{
+    // The plot outlives the members: what it still tells must find nobody here. Detaching now
+    // lets open menus and dialogs learn that their curves are out of reach.
+    disconnect(mForm->qwtPlot, nullptr, this, nullptr);
+    mForm->qwtPlot->detachItems(tcStripCurve::cRtti, false);
+    stopUpdates();
+}
+
+void tcStripChart::connectPlot()
+{
+    connect(mForm->qwtPlot, &QwtPlot::itemAttached, this,
+            [this](QwtPlotItem* apItem, bool abOn) {
+                if (!abOn)
+                    mCurves.forget(apItem);
+            });
+    connect(mForm->spinBoxSamples, QOverload<int>::of(&QSpinBox::valueChanged), this,
+            &tcStripChart::setSampleCount);
+    connect(mForm->actionClear_Samples, &QAction::triggered, this, &tcStripChart::clearSamples);
+    connect(mForm->actionPause_Updates, &QAction::toggled, this, &tcStripChart::slot_Pause);
+    connect(mForm->actionResume_Feed, &QAction::triggered, this, &tcStripChart::resumeFeed);
+    connect(mForm->actionSave, &QAction::triggered, this, &tcStripChart::slotSave);
+    connect(mForm->actionLoad_from_File, &QAction::triggered, this, [this] { loadCsvFile(); });
+    connect(mLogAction, &QAction::toggled, this, &tcStripChart::logData);
+}
+
+void tcStripChart::connectAxes()
+{
+    const auto valueChanged = QOverload<double>::of(&QDoubleSpinBox::valueChanged);
+    connect(mForm->doubleSpinBoxYMin, valueChanged, this, &tcStripChart::updateY1Axis);
+    connect(mForm->doubleSpinBoxYMax, valueChanged, this, &tcStripChart::updateY1Axis);
+    connect(mForm->doubleSpinBoxY2Min, valueChanged, this, &tcStripChart::updateY2Axis);
+    connect(mForm->doubleSpinBoxY2Max, valueChanged, this, &tcStripChart::updateY2Axis);
+    connect(mForm->spinBoxSpanSec, QOverload<int>::of(&QSpinBox::valueChanged), this,
+            [this](int anSeconds) { mAxes->changeSpan(anSeconds, mClock()); });
+    connect(mForm->actionShow_X_Axis, &QAction::toggled, this, &tcStripChart::slot_showXAxis);
+    connect(mForm->actionShow_ms, &QAction::toggled, this, &tcStripChart::slot_showMs);
+}
+
+void tcStripChart::connectLegend()
+{
+    QwtLegend& legend = mLegend->legend();
+    connect(&legend, &QwtLegend::checked, this, &tcStripChart::slot_LegendItemChecked);
+    connect(&legend, &QwtLegend::clicked, this, &tcStripChart::slot_LegendItemClicked);
+    connect(&legend, &QWidget::customContextMenuRequested, this,
+            &tcStripChart::slot_LegendContextMenu);
+    connect(mLegend.get(), &tcLegendControl::visibilityChanged, this,
+            [this] { mMinMax->keepHidden(); });
+    connect(mLegend.get(), &tcLegendControl::minMaxWanted, this, &tcStripChart::followMinMax);
+    connect(mLegend.get(), &tcLegendControl::minMaxResetWanted, this,
+            &tcStripChart::resetMinMax);
+    connect(mLegend.get(), &tcLegendControl::autoscaleWanted, this,
+            [this](tcStripCurve* apCurve) {
+                mAxes->fitY(apCurve->yAxis() == QwtPlot::yRight ? 1 : 0, apCurve);
+            });
+    connect(mForm->actionShow_Min_Max_Markers, &QAction::toggled, this,
+            &tcStripChart::showMinMax);
+    connect(mForm->actionReset_Min_Max, &QAction::triggered, this, &tcStripChart::resetMinMax);
+}
+
+void tcStripChart::connectMenus()
+{
+    connect(mForm->qwtPlot, &QWidget::customContextMenuRequested, this,
+            &tcStripChart::slot_CustomContextMenu);
+    connect(mMenu.get(), &tcChartMenu::axisChooserWanted, this,
+            [this] { mDialogs->showAxisChooser(curves()); });
+    connect(mMenu.get(), &tcChartMenu::markerWanted, this, &tcStripChart::markerRequest);
+    connect(mMenu.get(), &tcChartMenu::pictureWanted, this, [this] { savePicture(); });
+    connect(mMenu.get(), &tcChartMenu::resetWanted, this, &tcStripChart::resetData);
+    connect(mForm->actionMarkers, &QAction::triggered, this,
+            [this] { mDialogs->showMarkerInfo(*mMarkers); });
+    connect(mDialogs.get(), &tcChartDialogs::axisChosen, this, &tcStripChart::assignAxis);
+    connect(mDialogs.get(), &tcChartDialogs::markerChanged, this, &tcStripChart::markerChanged);
+    connect(mForm->actionShow_Left, &QAction::toggled, mForm->widgetLeft, &QWidget::setVisible);
+}
+
+void tcStripChart::connectTools()
+{
+    connect(mForm->actionGrid, &QAction::toggled, mTools.get(), &tcPlotTools::showGrid);
+    connect(mForm->actionMinor_Grid, &QAction::toggled, mTools.get(),
+            &tcPlotTools::showMinorGrid);
+    connect(mForm->actionZoom_Out, &QAction::triggered, mTools.get(), &tcPlotTools::zoomOut);
+    connect(mTools.get(), &tcPlotTools::zoomed, this, &tcStripChart::zoomed);
+    connect(mTools.get(), &tcPlotTools::markerRequest, this, &tcStripChart::markerRequest);
+}
+
+void tcStripChart::setChartName(const QString& acName)
+{
+    mName = acName;
+    setWindowTitle(mName);
+    restoreSettings();
+}
+
+void tcStripChart::updateTitle(const QString& acName)
+{
+    if (acName.isEmpty())
+        mTitle = tcChartNames::titleOfCurves(mCurves.firstTitle(), mCurves.sourceCount());
+    setWindowTitle(tcChartNames::windowTitle({mTitle, acName, mStatus, mLogFile}));
+}
+
+void tcStripChart::setStatus(const QString& acStatus)
+{
+    mStatus = acStatus;
+    updateTitle(mName);
+}
+
+QUuid tcStripChart::addCurve(tcStripCurve* apCurve, const QUuid& acKey)
+{
+    if (!apCurve || apCurve->index() < 0)
+        return {};
+    if (mName.isEmpty()) {
+        mName = apCurve->title().text();
+        updateTitle(mName);
+        restoreSettings();
+    }
+    apCurve->setSampleCount(mForm->spinBoxSamples->value());
+    apCurve->attach(mForm->qwtPlot);
+    const QUuid key = mCurves.file(apCurve, acKey);
+    mAxes->includeTimesOf(*apCurve);
+    mLegend->setItemVisible(*apCurve, true);
+    return key;
+}
+
+void tcStripChart::removeCurve(tcStripCurve* apCurve)
+{
+    if (apCurve && apCurve->plot() == mForm->qwtPlot)
+        apCurve->detach();
+    mCurves.forget(apCurve);
+    mReplot->request();
+}
+
+void tcStripChart::removeCurves(const QUuid& acKey)
+{
+    const QVector<tcStripCurve*> curves = mCurves.curves(acKey);
+    for (tcStripCurve* curve : curves)
+        removeCurve(curve);
+}
+
+void tcStripChart::assignAxis(tcStripCurve* apCurve, int axis)
+{
+    if (apCurve)
+        mAxes->assign(*apCurve, axis);
+}
+
+void tcStripChart::setYRange(int axis, double from, double to)
+{
+    mAxes->setYRange(axis, from, to);
+}
+
+void tcStripChart::setXRange(double from, double to)
+{
+    mAxes->setXRange(from, to);
+}
+
+void tcStripChart::setSpanMs(qint64 anSpanMs)
+{
+    mAxes->setSpanMs(anSpanMs);
+}
+
+QUuid tcStripChart::addLineMarker(const QString& acName, double anValue)
+{
+    mReplot->request();
+    return mMarkers->addLine(acName, anValue);
+}
+
+bool tcStripChart::setLineMarker(const QUuid& acId, double anValue, const QPen& acPen)
+{
+    mReplot->request();
+    return mMarkers->setLine(acId, anValue, acPen);
+}
+
+tcStripMarker* tcStripChart::marker(const QUuid& acId) const
+{
+    return mMarkers->find(acId);
+}
+
+void tcStripChart::startUpdates()
+{
+    if (mTimerId == -1)
+        mTimerId = startTimer(cTimerIntervalMs, Qt::CoarseTimer);
+}
+
+void tcStripChart::stopUpdates()
+{
+    if (mTimerId != -1)
+        killTimer(mTimerId);
+    mTimerId = -1;
+}
+
+void tcStripChart::resumeFeed()
+{
+    resetData();
+    mForm->spinBoxSamples->setEnabled(true);
+    startUpdates();
+    mForm->toolButton_Load->setDefaultAction(mForm->actionLoad_from_File);
+}
+
+void tcStripChart::tick()
+{
+    if (!mPaused) {
+        mMinMax->refresh();
+        // One interval ahead of the clock, so that the newest readings have room to appear.
+        if (mAxes->spanMs() != 0)
+            mAxes->scrollTo(mClock() + cTimerIntervalMs);
+        mReplot->request();
+    }
+    mTools->keepZoomBase();
+}
+
+void tcStripChart::setVerbosity(int anLevel)
+{
+    mVerbosity = anLevel;
+    mAxes->setVerbosity(anLevel);
+}
+
+std::unique_ptr<QMenu> tcStripChart::plotMenu(const QPoint& pos)
+{
+    return mMenu->menuAt(pos, {mMinMax->isFollowing(), actions()});
+}
+
+std::unique_ptr<QMenu> tcStripChart::legendMenu(const QPoint& pos)
+{
+    return mLegend->menuAt(pos);
+}
+
+void tcStripChart::updateData(const QUuid& acKey, int anIndex, qint64 anMsSinceEpoch,
+                              double anValue)
+{
+    tcStripCurve* curve = mCurves.find(acKey, anIndex);
+    if (!curve)
+        return;
+    curve->addSample(anMsSinceEpoch, anValue);
+    mMinMax->widen(*curve);
+    mReplot->request();
+}
+
+void tcStripChart::slotSave() { }
+
+void tcStripChart::clearSamples()
+{
+    const QwtPlotItemList items = mForm->qwtPlot->itemList(tcStripCurve::cRtti);
+    for (QwtPlotItem* item : items)
+        static_cast<tcStripCurve*>(item)->clear();
+    mMinMax->toExtremes();
+    mReplot->request();
+}
+
+void tcStripChart::showLegend(bool abOn)
+{
+    mForm->groupBoxLegend->setVisible(abOn);
+    mForm->groupBoxAxes->setVisible(abOn);
+}
+
+void tcStripChart::logData(bool) { }
+
+void tcStripChart::setSampleCount(int value)
+{
+    const QwtPlotItemList items = mForm->qwtPlot->itemList(tcStripCurve::cRtti);
+    for (QwtPlotItem* item : items)
+        static_cast<tcStripCurve*>(item)->setSampleCount(value);
+    mReplot->request();
+}
+
+void tcStripChart::showMinMax(bool abOn)
+{
+    if (mForm->actionShow_Min_Max_Markers->isChecked() != abOn)
+        return mForm->actionShow_Min_Max_Markers->setChecked(abOn);
+    if (abOn)
+        resetMinMax();
+    mMinMax->setShown(abOn);
+    mForm->qwtPlot->replot();
+}
+
+void tcStripChart::resetMinMax()
+{
+    mMinMax->toExtremes();
+    mMinMax->refresh();
+    mForm->qwtPlot->replot();
+}
+
+void tcStripChart::loadCsvFile(QString) { }
+
+void tcStripChart::markerChanged(int marker_id)
+{
+    if (mMarkers->find(mMarkers->order().value(marker_id)))
+        mForm->qwtPlot->replot();
+}
+
+void tcStripChart::slot_LegendItemChecked(const QVariant& itemInfo, bool abOn, int)
+{
+    if (QwtPlotItem* item = mLegend->itemOf(itemInfo))
+        mLegend->setItemVisible(*item, abOn);
+}
+
+void tcStripChart::slot_LegendItemClicked(const QVariant& itemInfo, int)
+{
+    mLegend->itemOf(itemInfo);
+}
+
+void tcStripChart::slot_CustomContextMenu(const QPoint& pos)
+{
+    tcChartDialogs::popUp(plotMenu(pos), mForm->qwtPlot->mapToGlobal(pos));
+}
+
+void tcStripChart::slot_Pause(bool abChecked)
+{
+    mPaused = abChecked;
+}
+
+void tcStripChart::slot_showXAxis(bool abOn)
+{
+    mAxes->showTimeLabels(abOn);
+}
+
+void tcStripChart::slot_showMs(bool abOn)
+{
+    mAxes->showMilliseconds(abOn);
+}
+
+void tcStripChart::updateY1Axis()
+{
+    updateYAxis(0);
+}
+
+void tcStripChart::updateY2Axis()
+{
+    updateYAxis(1);
+}
+
+void tcStripChart::updateYAxis(int axis)
+{
+    mAxes->applyBoxes(axis);
+}
+
+void tcStripChart::resetData()
+{
+    const QVector<tcStripCurve*> curves = mCurves.takeAll();
+    for (tcStripCurve* curve : curves)
+        curve->detach();
+    mReplot->request();
+}
+
+void tcStripChart::zoomed(const QRectF& arRect)
+{
+    mAxes->takeZoom(arRect);
+}
+
+void tcStripChart::slot_LegendContextMenu(const QPoint& pos)
+{
+    tcChartDialogs::popUp(legendMenu(pos), mLegend->legend().mapToGlobal(pos));
+}
+
+void tcStripChart::markerRequest(const QPoint& pos)
+{
+    tcMarkerTable::askText(mMarkers.get(), mMarkers->place(pos));
+}
+
+void tcStripChart::timerEvent(QTimerEvent* apEvent)
+{
+    if (apEvent->timerId() == mTimerId)
+        tick();
+    else
+        QFrame::timerEvent(apEvent);
+}
+
+void tcStripChart::resizeEvent(QResizeEvent* apEvent)
+{
+    QFrame::resizeEvent(apEvent);
+    const bool isLow = height() < cMinimumHeight;
+    if (isLow && mVerbosity >= 1)
+        qDebug() << windowTitle() << "Height below minimum, hiding X axis";
+    if (isLow)
+        mForm->actionShow_X_Axis->setChecked(false);
+    mAxes->fitHeight(isLow);
+}
+
+void tcStripChart::closeEvent(QCloseEvent* apEvent)
+{
+    saveSettings();
+    QFrame::closeEvent(apEvent);
+}
+
+void tcStripChart::followMinMax(tcStripCurve* apCurve)
+{
+    mMinMax->follow(apCurve);
+    mForm->actionShow_Min_Max_Markers->setChecked(true);
+    mMinMax->setShown(true);
+    mMinMax->refresh();
+    mForm->qwtPlot->replot();
+}
+
+void tcStripChart::savePicture(const QString&) { }
+
+void tcStripChart::restoreSettings() { }
+
+void tcStripChart::saveSettings() { }

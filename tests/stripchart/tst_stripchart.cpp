@@ -1,0 +1,651 @@
+#include "stripchart/tcMarkerTable.h"
+#include "stripchart/tcMinMaxLines.h"
+#include "tests/stripchart/tcChartProbe.h"
+
+#include <QMetaMethod>
+#include <QPen>
+#include <QSplitter>
+#include <QtTest>
+#include <qwt_plot_grid.h>
+#include <qwt_scale_widget.h>
+
+#include <cmath>
+#include <limits>
+
+class tst_StripChart : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void slotsInTheirOrder();
+    void defaultsAtConstruction();
+    void spanBoxShows99WhileSpanIsTenSeconds();
+    void firstCurveNamesTheChart();
+    void givenNameTitlesTheWindow();
+    void titleOfChartWithoutName();
+    void statusFollowsTheName();
+    void addedCurveIsFiledAndShown();
+    void addedCurveTakesTheSampleCount();
+    void addedCurveWidensTheTimeAxis();
+    void emptyCurveLeavesTheTimeAxis();
+    void lowerIndexDropsHigherOnesOutOfTheTable();
+    void refusedCurves();
+    void readingForNobody_data();
+    void readingForNobody();
+    void readingReachesItsCurve();
+    void readingsAreDrawnOnceAPass();
+    void unknownKeysAtFullRateCostNoPainting();
+    void hiddenChartIsNotPainted();
+    void tickScrollsOneIntervalAhead();
+    void tickWithSpanZeroDoesNotScroll();
+    void pausedChartStandsStill();
+    void clockStepsBackAnHourAndForwardADay();
+    void spanChange_data();
+    void spanChange();
+    void sampleCountReachesAllAttachedCurves();
+    void clearSamplesEmptiesCurvesAndMinMax();
+    void resetDetachesFiledCurves();
+    void resumeFeedGoesBackToLive();
+    void lowChartHidesTheTimes();
+    void lowChartHasThreeLabels_data();
+    void lowChartHasThreeLabels();
+    void removedCurveLeavesPlotAndTable();
+    void destroyedCurveLeavesPlotTableAndLegend();
+    void detachedCurveLeavesTheTable();
+    void chartDestroyedBeforeItsCurves();
+    void strangeSamplesAreBorne_data();
+    void strangeSamplesAreBorne();
+    void timerTicks();
+    void showLegendTogglesBothBoxes();
+};
+
+void tst_StripChart::slotsInTheirOrder()
+{
+    const QStringList expected{"updateData(QUuid,int,qlonglong,double)",
+                               "slotSave()",
+                               "clearSamples()",
+                               "showLegend(bool)",
+                               "logData(bool)",
+                               "setSampleCount(int)",
+                               "showMinMax(bool)",
+                               "resetMinMax()",
+                               "loadCsvFile(QString)",
+                               "loadCsvFile()",
+                               "markerChanged(int)",
+                               "slot_LegendItemChecked(QVariant,bool,int)",
+                               "slot_LegendItemClicked(QVariant,int)",
+                               "slot_CustomContextMenu(QPoint)",
+                               "slot_Pause(bool)",
+                               "slot_showXAxis(bool)",
+                               "slot_showMs(bool)",
+                               "updateY1Axis()",
+                               "updateY2Axis()",
+                               "updateYAxis(int)",
+                               "resetData()",
+                               "zoomed(QRectF)",
+                               "slot_LegendContextMenu(QPoint)",
+                               "markerRequest(QPoint)"};
+    QStringList found;
+    const QMetaObject& meta = tcStripChart::staticMetaObject;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        const QMetaMethod method = meta.method(i);
+        if (method.methodType() != QMetaMethod::Slot)
+            continue;
+        QCOMPARE(method.access(), QMetaMethod::Public);
+        found += QString::fromLatin1(method.methodSignature()).replace("qint64", "qlonglong");
+    }
+    QCOMPARE(found, expected);
+}
+
+void tst_StripChart::defaultsAtConstruction()
+{
+    tcChartProbe probe;
+    QCOMPARE(probe.plot->minimumHeight(), 120);
+    QVERIFY(!probe.plot->autoDelete());
+    QCOMPARE(probe.shown(QwtPlot::xBottom), QwtInterval(0.0, 100.0));
+    QCOMPARE(probe.plot->axisFont(QwtPlot::xBottom).pixelSize(), 9);
+    QCOMPARE(probe.child<QSpinBox>("spinBoxSamples")->value(), 1000);
+    QCOMPARE(probe.child<QSpinBox>("spinBoxSamples")->minimum(), 100);
+    QCOMPARE(probe.child<QSpinBox>("spinBoxSamples")->maximum(), 100000);
+    QVERIFY(!probe.chart->isPaused());
+    QVERIFY(probe.chart->isUpdating());
+    QVERIFY(!probe.plot->axisEnabled(QwtPlot::yRight));
+    QVERIFY(!probe.chart->minMaxLines().isShown());
+    QCOMPARE(probe.legend->maxColumns(), 1u);
+    QCOMPARE(probe.legend->defaultItemMode(), QwtLegendData::Checkable);
+    QVERIFY(probe.child<QWidget>("groupBoxLegend")->isAncestorOf(probe.legend));
+    QVERIFY(probe.child<QSplitter>("splitter")->isAncestorOf(probe.plot));
+    QVERIFY(probe.plot->canvasBackground().color().lightness() < 32);
+    QCOMPARE(probe.plot->itemList(QwtPlotItem::Rtti_PlotGrid).size(), 1);
+    const auto* grid
+        = static_cast<QwtPlotGrid*>(probe.plot->itemList(QwtPlotItem::Rtti_PlotGrid).first());
+    QVERIFY(grid->isVisible() && grid->xEnabled() && grid->yEnabled());
+    QVERIFY(!grid->xMinEnabled() && !grid->yMinEnabled());
+    QVERIFY(probe.chart->logAction()->isCheckable());
+    QCOMPARE(probe.chart->logAction()->text(), QString("Log Data..."));
+    QCOMPARE(probe.child<QToolButton>("toolButton_Log")->defaultAction(),
+             probe.chart->logAction());
+}
+
+void tst_StripChart::spanBoxShows99WhileSpanIsTenSeconds()
+{
+    tcChartProbe probe;
+    const auto* span = probe.child<QSpinBox>("spinBoxSpanSec");
+    QCOMPARE(span->value(), 99);
+    QCOMPARE(span->minimum(), 1);
+    QCOMPARE(span->maximum(), 86400);
+    probe.chart->tick();
+    QCOMPARE(probe.shown(QwtPlot::xBottom).width(), 10000.0);
+}
+
+void tst_StripChart::firstCurveNamesTheChart()
+{
+    tcChartProbe probe;
+    const auto a = probe.curve("A");
+    const auto b = probe.curve("B", 1);
+    const QUuid key = probe.chart->addCurve(a.get());
+    probe.chart->addCurve(b.get(), key);
+    QCOMPARE(probe.chart->chartName(), QString("A"));
+    QCOMPARE(probe.chart->windowTitle(), QString("Trend Chart: A"));
+}
+
+void tst_StripChart::givenNameTitlesTheWindow()
+{
+    tcChartProbe probe;
+    probe.chart->setChartName("Sensors");
+    QCOMPARE(probe.chart->windowTitle(), QString("Sensors"));
+    const auto a = probe.curve("A");
+    probe.chart->addCurve(a.get());
+    QCOMPARE(probe.chart->chartName(), QString("Sensors"));
+    QCOMPARE(probe.chart->windowTitle(), QString("Sensors"));
+}
+
+void tst_StripChart::titleOfChartWithoutName()
+{
+    tcChartProbe probe;
+    probe.chart->updateTitle("");
+    QCOMPARE(probe.chart->windowTitle(), QString());
+    const auto a = probe.curve("A");
+    const auto b = probe.curve("B");
+    probe.chart->addCurve(a.get(), QUuid("{00000000-0000-0000-0000-000000000001}"));
+    probe.chart->addCurve(b.get(), QUuid("{00000000-0000-0000-0000-000000000002}"));
+    probe.chart->updateTitle("");
+    QCOMPARE(probe.chart->windowTitle(), QString());
+    probe.chart->updateTitle("X");
+    QCOMPARE(probe.chart->windowTitle(), QString("Trend Chart:A + 1 more X"));
+}
+
+void tst_StripChart::statusFollowsTheName()
+{
+    tcChartProbe probe;
+    probe.chart->setChartName("Sensors");
+    probe.chart->setStatus("- Unable to open x.csv");
+    QCOMPARE(probe.chart->windowTitle(), QString("Trend Chart: Sensors- Unable to open x.csv"));
+    probe.chart->setStatus("");
+    QCOMPARE(probe.chart->windowTitle(), QString("Trend Chart: Sensors"));
+}
+
+void tst_StripChart::addedCurveIsFiledAndShown()
+{
+    tcChartProbe probe;
+    const auto a = probe.curve("A", 2);
+    a->setVisible(false);
+    const QUuid key = probe.chart->addCurve(a.get());
+    QVERIFY(!key.isNull());
+    QCOMPARE(probe.chart->curve(key, 2), a.get());
+    QCOMPARE(probe.chart->curve(key, 0), nullptr);
+    QCOMPARE(a->plot(), probe.plot);
+    QVERIFY(a->isVisible());
+    QVERIFY(probe.label(a.get()));
+    QVERIFY(probe.label(a.get())->isChecked());
+    const QUuid own = QUuid::createUuid();
+    const auto b = probe.curve("B");
+    QCOMPARE(probe.chart->addCurve(b.get(), own), own);
+}
+
+void tst_StripChart::addedCurveTakesTheSampleCount()
+{
+    tcChartProbe probe;
+    probe.child<QSpinBox>("spinBoxSamples")->setValue(2500);
+    const auto a = probe.curve("A");
+    probe.chart->addCurve(a.get());
+    QCOMPARE(a->sampleCount(), 2500);
+}
+
+void tst_StripChart::addedCurveWidensTheTimeAxis()
+{
+    tcChartProbe probe;
+    probe.chart->setXRange(5000.0, 6000.0);
+    const auto a = probe.curve("A");
+    a->addSample(4000, 1.0);
+    a->addSample(7000, 2.0);
+    probe.chart->addCurve(a.get());
+    QCOMPARE(probe.shown(QwtPlot::xBottom), QwtInterval(4000.0, 7000.0));
+    const auto b = probe.curve("B", 1);
+    b->addSample(5500, 1.0);
+    probe.chart->addCurve(b.get());
+    QCOMPARE(probe.shown(QwtPlot::xBottom), QwtInterval(4000.0, 7000.0));
+}
+
+void tst_StripChart::emptyCurveLeavesTheTimeAxis()
+{
+    tcChartProbe probe;
+    probe.chart->setXRange(5000.0, 6000.0);
+    const auto a = probe.curve("A");
+    probe.chart->addCurve(a.get());
+    QCOMPARE(probe.shown(QwtPlot::xBottom), QwtInterval(5000.0, 6000.0));
+}
+
+void tst_StripChart::lowerIndexDropsHigherOnesOutOfTheTable()
+{
+    tcChartProbe probe;
+    const auto three = probe.curve("three", 3);
+    const auto zero = probe.curve("zero", 0);
+    const QUuid key = probe.chart->addCurve(three.get());
+    probe.chart->addCurve(zero.get(), key);
+    QCOMPARE(probe.chart->curve(key, 3), nullptr);
+    QCOMPARE(probe.chart->curve(key, 0), zero.get());
+    QCOMPARE(probe.chart->curves(), QVector<tcStripCurve*>{zero.get()});
+    QCOMPARE(three->plot(), probe.plot);
+}
+
+void tst_StripChart::refusedCurves()
+{
+    tcChartProbe probe;
+    QVERIFY(probe.chart->addCurve(nullptr).isNull());
+    tcStripCurve negative(-1);
+    QVERIFY(probe.chart->addCurve(&negative).isNull());
+    QVERIFY(!negative.plot());
+}
+
+void tst_StripChart::readingForNobody_data()
+{
+    QTest::addColumn<bool>("knownKey");
+    QTest::addColumn<int>("index");
+    QTest::newRow("unknown key") << false << 2;
+    QTest::newRow("negative index") << true << -1;
+    QTest::newRow("index too large") << true << 3;
+    QTest::newRow("null slot") << true << 0;
+}
+
+void tst_StripChart::readingForNobody()
+{
+    QFETCH(bool, knownKey);
+    QFETCH(int, index);
+    tcChartProbe probe;
+    const auto a = probe.curve("A", 2);
+    const QUuid key = probe.chart->addCurve(a.get());
+    probe.chart->updateData(knownKey ? key : QUuid::createUuid(), index, 1000, 1.0);
+    QCOMPARE(a->dataSize(), std::size_t(0));
+    QCOMPARE(probe.plot->itemList(tcStripCurve::cRtti).size(), 1);
+}
+
+void tst_StripChart::readingReachesItsCurve()
+{
+    tcChartProbe probe;
+    const auto a = probe.curve("A", 0);
+    const auto b = probe.curve("B", 1);
+    const QUuid key = probe.chart->addCurve(a.get());
+    probe.chart->addCurve(b.get(), key);
+    probe.chart->updateData(key, 1, 1234, 5.5);
+    QCOMPARE(a->dataSize(), std::size_t(0));
+    QCOMPARE(b->sample(0), QPointF(1234.0, 5.5));
+}
+
+void tst_StripChart::readingsAreDrawnOnceAPass()
+{
+    tcChartProbe probe;
+    const auto a = probe.curve("A");
+    const QUuid key = probe.chart->addCurve(a.get());
+    probe.show();
+    probe.chart->stopUpdates();
+    QTest::qWait(40);
+    tcPaintCounter counter(probe.plot->canvas());
+    for (int i = 0; i < 500; ++i)
+        probe.chart->updateData(key, 0, probe.now + i, i);
+    QCOMPARE(counter.count, 0);
+    QTRY_COMPARE(counter.count, 1);
+    probe.chart->updateData(key, 0, probe.now + 501, 1.0);
+    QTRY_COMPARE(counter.count, 2);
+}
+
+void tst_StripChart::unknownKeysAtFullRateCostNoPainting()
+{
+    tcChartProbe probe;
+    const auto a = probe.curve("A");
+    probe.chart->addCurve(a.get());
+    probe.show();
+    probe.chart->stopUpdates();
+    QTest::qWait(40);
+    tcPaintCounter counter(probe.plot->canvas());
+    for (int i = 0; i < 20000; ++i)
+        probe.chart->updateData(QUuid::createUuid(), i % 7 - 2, i, i);
+    QTest::qWait(50);
+    QCOMPARE(counter.count, 0);
+    QCOMPARE(a->dataSize(), std::size_t(0));
+}
+
+void tst_StripChart::hiddenChartIsNotPainted()
+{
+    tcChartProbe probe;
+    const auto a = probe.curve("A");
+    const QUuid key = probe.chart->addCurve(a.get());
+    probe.show();
+    probe.chart->hide();
+    tcPaintCounter counter(probe.plot->canvas());
+    for (int i = 0; i < 10; ++i) {
+        probe.chart->updateData(key, 0, probe.now + i, i);
+        probe.chart->tick();
+        QTest::qWait(5);
+    }
+    QCOMPARE(counter.count, 0);
+    probe.chart->show();
+    QTRY_VERIFY(counter.count > 0);
+}
+
+void tst_StripChart::tickScrollsOneIntervalAhead()
+{
+    tcChartProbe probe;
+    probe.chart->tick();
+    const double end = static_cast<double>(probe.now + 1000);
+    QCOMPARE(probe.shown(QwtPlot::xBottom), QwtInterval(end - 10000.0, end));
+    const auto* grid
+        = static_cast<QwtPlotGrid*>(probe.plot->itemList(QwtPlotItem::Rtti_PlotGrid).first());
+    QCOMPARE(grid->xScaleDiv(), probe.plot->axisScaleDiv(QwtPlot::xBottom));
+    probe.now += 1000;
+    probe.chart->tick();
+    QCOMPARE(probe.shown(QwtPlot::xBottom).maxValue(), end + 1000.0);
+}
+
+void tst_StripChart::tickWithSpanZeroDoesNotScroll()
+{
+    tcChartProbe probe;
+    probe.chart->setSpanMs(0);
+    probe.chart->tick();
+    QCOMPARE(probe.shown(QwtPlot::xBottom), QwtInterval(0.0, 100.0));
+}
+
+void tst_StripChart::pausedChartStandsStill()
+{
+    tcChartProbe probe;
+    const auto a = probe.curve("A");
+    const QUuid key = probe.chart->addCurve(a.get());
+    probe.chart->tick();
+    const QwtInterval before = probe.shown(QwtPlot::xBottom);
+    probe.action("actionPause_Updates")->setChecked(true);
+    QVERIFY(probe.chart->isPaused());
+    probe.now += 5000;
+    probe.chart->tick();
+    QCOMPARE(probe.shown(QwtPlot::xBottom), before);
+    QVERIFY(probe.chart->isUpdating());
+    probe.chart->updateData(key, 0, probe.now, 1.0);
+    QCOMPARE(a->dataSize(), std::size_t(1));
+    probe.action("actionPause_Updates")->setChecked(false);
+    probe.chart->tick();
+    QCOMPARE(probe.shown(QwtPlot::xBottom).maxValue(), before.maxValue() + 5000.0);
+}
+
+void tst_StripChart::clockStepsBackAnHourAndForwardADay()
+{
+    tcChartProbe probe;
+    const auto a = probe.curve("A");
+    const QUuid key = probe.chart->addCurve(a.get());
+    probe.show();
+    for (const qint64 step : {0LL, -3600000LL, 86400000LL}) {
+        probe.now += step;
+        probe.chart->updateData(key, 0, probe.now, 20.0);
+        probe.chart->tick();
+        const double end = static_cast<double>(probe.now + 1000);
+        QCOMPARE(probe.shown(QwtPlot::xBottom), QwtInterval(end - 10000.0, end));
+        QVERIFY(!probe.chart->grab().isNull());
+    }
+    QCOMPARE(a->dataSize(), std::size_t(3));
+}
+
+void tst_StripChart::spanChange_data()
+{
+    QTest::addColumn<int>("seconds");
+    QTest::newRow("1 s") << 1;
+    QTest::newRow("60 s") << 60;
+    QTest::newRow("86400 s") << 86400;
+}
+
+void tst_StripChart::spanChange()
+{
+    QFETCH(int, seconds);
+    tcChartProbe probe;
+    probe.show();
+    probe.child<QSpinBox>("spinBoxSpanSec")->setValue(seconds);
+    const double width = seconds * 1000.0;
+    const double end = static_cast<double>(probe.now);
+    QCOMPARE(probe.shown(QwtPlot::xBottom),
+             QwtInterval(end - width - width / 20.0, end + width / 20.0));
+    probe.chart->tick();
+    QCOMPARE(probe.shown(QwtPlot::xBottom), QwtInterval(end + 1000.0 - width, end + 1000.0));
+    QVERIFY(!probe.chart->grab().isNull());
+}
+
+void tst_StripChart::sampleCountReachesAllAttachedCurves()
+{
+    tcChartProbe probe;
+    const auto three = probe.curve("three", 3);
+    const auto zero = probe.curve("zero", 0);
+    const QUuid key = probe.chart->addCurve(three.get());
+    probe.chart->addCurve(zero.get(), key);
+    probe.child<QSpinBox>("spinBoxSamples")->setValue(300);
+    QCOMPARE(three->sampleCount(), 300);
+    QCOMPARE(zero->sampleCount(), 300);
+}
+
+void tst_StripChart::clearSamplesEmptiesCurvesAndMinMax()
+{
+    tcChartProbe probe;
+    const auto a = probe.curve("A");
+    const QUuid key = probe.chart->addCurve(a.get());
+    probe.chart->showMinMax(true);
+    probe.chart->updateData(key, 0, 1000, 5.0);
+    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), 5.0);
+    probe.action("actionClear_Samples")->trigger();
+    QCOMPARE(a->dataSize(), std::size_t(0));
+    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), 1.7976931348623157e308);
+    QCOMPARE(probe.chart->minMaxLines().maxLine().yValue(), 2.2250738585072014e-308);
+}
+
+void tst_StripChart::resetDetachesFiledCurves()
+{
+    tcChartProbe probe;
+    const auto three = probe.curve("three", 3);
+    const auto zero = probe.curve("zero", 0);
+    const QUuid key = probe.chart->addCurve(three.get());
+    probe.chart->addCurve(zero.get(), key);
+    probe.chart->resetData();
+    QVERIFY(!zero->plot());
+    QCOMPARE(three->plot(), probe.plot); // no longer filed, so left alone
+    QVERIFY(probe.chart->curves().isEmpty());
+}
+
+void tst_StripChart::resumeFeedGoesBackToLive()
+{
+    tcChartProbe probe;
+    const auto a = probe.curve("A");
+    probe.chart->addCurve(a.get());
+    probe.chart->stopUpdates();
+    QVERIFY(!probe.chart->isUpdating());
+    probe.child<QSpinBox>("spinBoxSamples")->setEnabled(false);
+    probe.child<QToolButton>("toolButton_Load")
+        ->setDefaultAction(probe.action("actionResume_Feed"));
+    probe.action("actionResume_Feed")->trigger();
+    QVERIFY(probe.chart->isUpdating());
+    QVERIFY(!a->plot());
+    QVERIFY(probe.child<QSpinBox>("spinBoxSamples")->isEnabled());
+    QCOMPARE(probe.child<QToolButton>("toolButton_Load")->defaultAction(),
+             probe.action("actionLoad_from_File"));
+}
+
+void tst_StripChart::lowChartHidesTheTimes()
+{
+    tcChartProbe probe;
+    probe.show(QSize(600, 250));
+    QVERIFY(probe.action("actionShow_X_Axis")->isChecked());
+    probe.chart->setVerbosity(1);
+    probe.chart->setChartName("Sensors");
+    QTest::ignoreMessage(QtDebugMsg, "\"Sensors\" Height below minimum, hiding X axis");
+    probe.chart->resize(600, 249);
+    QCOMPARE(probe.chart->height(), 249);
+    QVERIFY(!probe.action("actionShow_X_Axis")->isChecked());
+    QVERIFY(!probe.plot->axisScaleDraw(QwtPlot::xBottom)
+                 ->hasComponent(QwtAbstractScaleDraw::Labels));
+    probe.chart->resize(600, 400);
+    QVERIFY(!probe.action("actionShow_X_Axis")->isChecked());
+}
+
+void tst_StripChart::lowChartHasThreeLabels_data()
+{
+    QTest::addColumn<double>("from");
+    QTest::addColumn<double>("to");
+    QTest::newRow("0 to 100") << 0.0 << 100.0;
+    QTest::newRow("10 to 50") << 10.0 << 50.0;
+    QTest::newRow("uneven") << -3.7 << 8.13;
+    QTest::newRow("narrow") << 19.98 << 20.02;
+}
+
+void tst_StripChart::lowChartHasThreeLabels()
+{
+    QFETCH(double, from);
+    QFETCH(double, to);
+    tcChartProbe probe;
+    probe.show();
+    probe.chart->setYRange(0, from, to);
+    probe.chart->resize(600, 249);
+    QCOMPARE(probe.ticks(QwtPlot::yLeft), (QList<double>{from, from + (to - from) / 2.0, to}));
+    probe.chart->resize(600, 500);
+    QCOMPARE(probe.shown(QwtPlot::yLeft), QwtInterval(from, to));
+    QVERIFY(probe.ticks(QwtPlot::yLeft).size() >= 3);
+}
+
+void tst_StripChart::removedCurveLeavesPlotAndTable()
+{
+    tcChartProbe probe;
+    const auto a = probe.curve("A", 0);
+    const auto b = probe.curve("B", 1);
+    const QUuid key = probe.chart->addCurve(a.get());
+    probe.chart->addCurve(b.get(), key);
+    probe.chart->removeCurve(b.get());
+    QVERIFY(!b->plot());
+    QCOMPARE(probe.chart->curves(), QVector<tcStripCurve*>{a.get()});
+    probe.chart->removeCurves(key);
+    QVERIFY(!a->plot());
+    QVERIFY(probe.chart->curves().isEmpty());
+    probe.chart->removeCurve(nullptr);
+    probe.chart->updateData(key, 0, 1, 1.0);
+    QCOMPARE(a->dataSize(), std::size_t(0));
+}
+
+void tst_StripChart::destroyedCurveLeavesPlotTableAndLegend()
+{
+    tcChartProbe probe;
+    auto a = probe.curve("A", 0);
+    const auto b = probe.curve("B", 1);
+    const QUuid key = probe.chart->addCurve(a.get());
+    probe.chart->addCurve(b.get(), key);
+    probe.show();
+    a.reset();
+    QCOMPARE(probe.chart->curve(key, 0), nullptr);
+    QCOMPARE(probe.chart->curves(), QVector<tcStripCurve*>{b.get()});
+    probe.chart->updateData(key, 0, 1000, 1.0);
+    probe.chart->updateData(key, 1, 1000, 1.0);
+    probe.chart->tick();
+    probe.chart->updateTitle("");
+    QTRY_COMPARE(probe.legend->findChildren<QwtLegendLabel*>().size(), 1);
+    QVERIFY(!probe.chart->grab().isNull());
+}
+
+void tst_StripChart::detachedCurveLeavesTheTable()
+{
+    tcChartProbe probe;
+    auto a = probe.curve("A");
+    const QUuid key = probe.chart->addCurve(a.get());
+    a->detach();
+    a.reset();
+    probe.chart->updateData(key, 0, 1000, 1.0);
+    QVERIFY(probe.chart->curves().isEmpty());
+}
+
+void tst_StripChart::chartDestroyedBeforeItsCurves()
+{
+    tcChartProbe probe;
+    const auto a = probe.curve("A");
+    const QUuid key = probe.chart->addCurve(a.get());
+    probe.show();
+    probe.chart->updateData(key, 0, 1000, 1.0);
+    probe.chart.reset();
+    QVERIFY(!a->plot());
+    a->addSample(2000, 2.0);
+    QCOMPARE(a->dataSize(), std::size_t(2));
+}
+
+void tst_StripChart::strangeSamplesAreBorne_data()
+{
+    QTest::addColumn<QVector<QPointF>>("samples");
+    const double inf = std::numeric_limits<double>::infinity();
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double t = static_cast<double>(tcChartProbe::cNow);
+    using V = QVector<QPointF>;
+    QTest::newRow("none") << V{};
+    QTest::newRow("one") << V{{t, 20.0}};
+    QTest::newRow("NaN") << V{{t, nan}, {t + 1, 20.0}, {t + 2, nan}};
+    QTest::newRow("only NaN") << V{{t, nan}};
+    QTest::newRow("infinities") << V{{t, inf}, {t + 1, -inf}, {t + 2, 20.0}};
+    QTest::newRow("1e308") << V{{t, 1e308}, {t + 1, -1e308}};
+    QTest::newRow("equal times") << V{{t, 1.0}, {t, 2.0}, {t, 3.0}};
+    QTest::newRow("backward times") << V{{t, 1.0}, {t - 500, 2.0}, {t - 900, 3.0}};
+    QTest::newRow("time at zero") << V{{0.0, 1.0}, {t, 2.0}};
+}
+
+void tst_StripChart::strangeSamplesAreBorne()
+{
+    QFETCH(QVector<QPointF>, samples);
+    tcChartProbe probe;
+    const auto a = probe.curve("A");
+    const QUuid key = probe.chart->addCurve(a.get());
+    probe.show();
+    probe.chart->showMinMax(true);
+    for (const QPointF& sample : samples)
+        probe.chart->updateData(key, 0, static_cast<qint64>(sample.x()), sample.y());
+    QCOMPARE(a->dataSize(), static_cast<std::size_t>(samples.size()));
+    probe.action("actionAutoScale_Y")->trigger();
+    probe.action("actionAutoScale_X")->trigger();
+    probe.chart->tick();
+    for (const int axis : {QwtPlot::yLeft, QwtPlot::xBottom}) {
+        QVERIFY(std::isfinite(probe.shown(axis).minValue()));
+        QVERIFY(std::isfinite(probe.shown(axis).maxValue()));
+        QVERIFY(probe.shown(axis).width() > 0.0);
+    }
+    QVERIFY(!probe.chart->grab().isNull());
+    const auto again = probe.curve("B", 1);
+    for (const QPointF& sample : samples)
+        again->addSample(static_cast<qint64>(sample.x()), sample.y());
+    probe.chart->addCurve(again.get(), key);
+    QVERIFY(!probe.chart->grab().isNull());
+}
+
+void tst_StripChart::timerTicks()
+{
+    tcChartProbe probe;
+    QTRY_COMPARE(probe.shown(QwtPlot::xBottom).maxValue(),
+                 static_cast<double>(probe.now + 1000));
+}
+
+void tst_StripChart::showLegendTogglesBothBoxes()
+{
+    tcChartProbe probe;
+    probe.chart->showLegend(false);
+    QVERIFY(probe.child<QWidget>("groupBoxLegend")->isHidden());
+    QVERIFY(probe.child<QWidget>("groupBoxAxes")->isHidden());
+    probe.chart->showLegend(true);
+    QVERIFY(!probe.child<QWidget>("groupBoxLegend")->isHidden());
+    QVERIFY(!probe.child<QWidget>("groupBoxAxes")->isHidden());
+}
+
+QTEST_MAIN(tst_StripChart)
+#include "tst_stripchart.moc"
