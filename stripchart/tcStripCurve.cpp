@@ -1,12 +1,25 @@
 #include "stripchart/tcStripCurve.h"
 
 #include "stripchart/logic/tcCurveColors.h"
+#include "stripchart/tcColumnPainter.h"
 #include "stripchart/tcCurveNotifier.h"
 #include "stripchart/tcCurveSeries.h"
 #include "stripchart/tcStripMarker.h"
 
+#include <qwt_painter.h>
+#include <qwt_scale_map.h>
+
+#include <algorithm>
+#include <cmath>
+
 namespace
 {
+
+tcPixelMap pixels(const QwtScaleMap& acMap)
+{
+    const double range = acMap.s2() - acMap.s1();
+    return {acMap.s1(), acMap.p1(), range == 0.0 ? 1.0 : (acMap.p2() - acMap.p1()) / range};
+}
 
 bool give(const tcExtent& acExtent, double* apLowest, double* apHighest)
 {
@@ -143,4 +156,33 @@ double tcStripCurve::maxYValue() const
     double highest = -1.0;
     finiteYRange(nullptr, &highest);
     return highest;
+}
+
+/// Lines on whole pixels of linear axes. Anything else is drawn sample by sample.
+bool tcStripCurve::isPlainLine(QPainter* apPainter, const QwtScaleMap& acX,
+                               const QwtScaleMap& acY) const
+{
+    return QwtPainter::roundingAlignment(apPainter) && !acX.transformation()
+        && !acY.transformation() && !testCurveAttribute(Fitted)
+        && (brush().style() == Qt::NoBrush || brush().color().alpha() == 0);
+}
+
+void tcStripCurve::drawLines(QPainter* apPainter, const QwtScaleMap& acX,
+                             const QwtScaleMap& acY, const QRectF& acCanvas, int anFrom,
+                             int anTo) const
+{
+    if (!isPlainLine(apPainter, acX, acY)) {
+        QwtPlotCurve::drawLines(apPainter, acX, acY, acCanvas, anFrom, anTo);
+        return;
+    }
+    const int reach = tcColumnPainter::reach(*apPainter);
+    tcColumnReduction reduction(pixels(acX), pixels(acY),
+                                static_cast<int>(std::floor(acCanvas.left())) - reach,
+                                static_cast<int>(std::ceil(acCanvas.right())) + reach);
+    {
+        const std::lock_guard<std::mutex> lock(mSamples->mutex);
+        const tcSampleStore& store = mSamples->store;
+        reduction.add(store, std::max(anFrom, 0), std::min(anTo + 1, store.size()));
+    }
+    tcColumnPainter(*apPainter, acCanvas).paint(reduction.columns());
 }

@@ -59,6 +59,11 @@ public:
     double minYValue() const;
     double maxYValue() const;
 
+protected:
+    /// Paints what can be seen of the samples; the lock is held only while that is found out.
+    void drawLines(QPainter* apPainter, const QwtScaleMap& acX, const QwtScaleMap& acY,
+                   const QRectF& acCanvas, int anFrom, int anTo) const override;
+
 private:
     // The series belongs to the store for good.
     using QwtPlotCurve::setRawSamples;
@@ -66,6 +71,7 @@ private:
     using QwtSeriesStore<QPointF>::setData;
     using QwtSeriesStore<QPointF>::swapData;
 
+    bool isPlainLine(QPainter* apPainter, const QwtScaleMap& acX, const QwtScaleMap& acY) const;
     void samplesChanged();
 
     int mIndex;

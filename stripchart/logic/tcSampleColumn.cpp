@@ -43,6 +43,8 @@ void tcSampleColumn::append(double anValue)
     last.block->numbers[place] = anValue;
     run.add(anValue);
     last.all.add(anValue);
+    if (!std::isfinite(anValue))
+        mGaps.push_back(mDropped + mSize);
     ++mSize;
 }
 
@@ -68,6 +70,9 @@ void tcSampleColumn::dropFirst()
         return;
     --mSize;
     ++mOffset;
+    ++mDropped;
+    if (!mGaps.empty() && mGaps.front() < mDropped)
+        mGaps.pop_front();
     if (mOffset < cBlockSize && mSize > 0)
         return;
     mSpare.push_back(std::move(mBlocks.front().block));
@@ -107,6 +112,8 @@ void tcSampleColumn::cut(int anCount)
         return;
     }
     mSize = anCount;
+    while (!mGaps.empty() && mGaps.back() >= mDropped + mSize)
+        mGaps.pop_back();
     const int last = mOffset + mSize - 1;
     mBlocks.resize(static_cast<std::size_t>(last / cBlockSize) + 1);
     const int end = last % cBlockSize + 1;
@@ -124,6 +131,7 @@ void tcSampleColumn::clear()
     for (tcEntry& entry : mBlocks)
         mSpare.push_back(std::move(entry.block));
     mBlocks.clear();
+    mGaps.clear();
     mOffset = 0;
     mSize = 0;
     turn();
@@ -195,8 +203,14 @@ void tcSampleColumn::copy(int anFirst, int anCount, double* apNumbers) const
     }
 }
 
+int tcSampleColumn::nextGap(int anIndex) const
+{
+    const auto gap = std::lower_bound(mGaps.begin(), mGaps.end(), mDropped + anIndex);
+    return gap == mGaps.end() ? mSize : static_cast<int>(*gap - mDropped);
+}
+
 std::size_t tcSampleColumn::bytes() const
 {
-    return (mBlocks.size() + mSpare.size()) * sizeof(tcBlock)
-        + mBlocks.size() * sizeof(tcEntry);
+    return (mBlocks.size() + mSpare.size()) * sizeof(tcBlock) + mBlocks.size() * sizeof(tcEntry)
+        + mGaps.size() * sizeof(long long);
 }

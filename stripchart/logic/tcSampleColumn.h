@@ -40,6 +40,9 @@ public:
     tcExtent extent(int anFirst, int anCount) const;
     void copy(int anFirst, int anCount, double* apNumbers) const;
 
+    /// Index of the first number from anIndex on that is NaN or infinite, size() when none is.
+    int nextGap(int anIndex) const;
+
     /// The numbers from anIndex to the end of their block, one after the other; their count
     /// comes back in arCount. Valid until the next change.
     const double* stretch(int anIndex, int& arCount) const;
@@ -73,4 +76,6 @@ private:
     /// that one is never part of mBehind.
     std::size_t mTurn = 0;
     tcExtent mBehind = tcExtent::none();
+    long long mDropped = 0;      ///< numbers dropped so far
+    std::deque<long long> mGaps; ///< NaN and infinities, counted from the first number ever
 };

@@ -87,6 +87,11 @@ int tcSampleStore::nextStepBack(int anIndex) const
     return static_cast<int>(std::min<long long>(*step - mDropped, size()));
 }
 
+int tcSampleStore::nextGap(int anIndex) const
+{
+    return std::min({mTimes.nextGap(anIndex), mValues.nextGap(anIndex), size()});
+}
+
 std::size_t tcSampleStore::bytes() const
 {
     return mTimes.bytes() + mValues.bytes() + mStepsBack.size() * sizeof(long long);

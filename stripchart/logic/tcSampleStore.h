@@ -38,6 +38,9 @@ public:
     /// Index of the first sample after anIndex whose time is below that of its predecessor (or
     /// no number), size() when there is none: times ascend from anIndex up to there.
     int nextStepBack(int anIndex) const;
+    /// Index of the first sample from anIndex on whose time or value is no finite number, at
+    /// most size().
+    int nextGap(int anIndex) const;
 
     std::size_t bytes() const;
 

@@ -1,0 +1,173 @@
+#include "stripchart/logic/tcColumnReduction.h"
+
+#include "stripchart/logic/tcSampleStore.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+
+/// Far outside any canvas, yet with room for sums of two in an int.
+constexpr double cFarthestPixel = 1e9;
+
+/// First index in [anFirst, anEnd) whose time is not before (abAfter: is after) anTime.
+int firstFrom(const tcSampleStore& acStore, int anFirst, int anEnd, double anTime, bool abAfter)
+{
+    int count = anEnd - anFirst;
+    while (count > 0) {
+        const int half = count / 2;
+        const double time = acStore.time(anFirst + half);
+        if (abAfter ? time <= anTime : time < anTime) {
+            anFirst += half + 1;
+            count -= half + 1;
+        } else {
+            count = half;
+        }
+    }
+    return anFirst;
+}
+
+} // namespace
+
+int tcPixelMap::at(double anNumber) const
+{
+    const double place = std::floor(pixel + (anNumber - number) * factor + 0.5);
+    if (!(place > -cFarthestPixel))
+        return static_cast<int>(-cFarthestPixel);
+    return static_cast<int>(std::min(place, cFarthestPixel));
+}
+
+double tcPixelMap::numberAt(double anPixel) const
+{
+    return number + (anPixel - pixel) / factor;
+}
+
+tcColumnReduction::tcColumnReduction(const tcPixelMap& acX, const tcPixelMap& acY, int anLeft,
+                                     int anRight)
+    : mX(acX)
+    , mY(acY)
+    , mEarliest(std::min(acX.numberAt(anLeft - 1), acX.numberAt(anRight + 1)))
+    , mLatest(std::max(acX.numberAt(anLeft - 1), acX.numberAt(anRight + 1)))
+    , mWidth(std::max(anRight - anLeft, 1))
+{
+}
+
+void tcColumnReduction::add(const tcSampleStore& acStore, int anFirst, int anEnd)
+{
+    mMerge = (anEnd - anFirst) / cPlainPerPixel > mWidth;
+    mJoined = false;
+    while (anFirst < anEnd) {
+        const int end = std::min(acStore.nextStepBack(anFirst), anEnd);
+        addAscending(acStore, anFirst, end);
+        anFirst = end;
+    }
+}
+
+/// Lines from one side of the window to the other cross it: of what lies outside, the ends and
+/// the samples next to the window are enough to find them all.
+void tcColumnReduction::addAscending(const tcSampleStore& acStore, int anFirst, int anEnd)
+{
+    const int from = firstFrom(acStore, anFirst, anEnd, mEarliest, false);
+    const int to = firstFrom(acStore, from, anEnd, mLatest, true);
+    if (from - anFirst > 1)
+        addSample(acStore, anFirst);
+    if (from > anFirst)
+        addSample(acStore, from - 1);
+    addVisible(acStore, from, to);
+    if (to < anEnd)
+        addSample(acStore, to);
+    if (anEnd - to > 1)
+        addSample(acStore, anEnd - 1);
+}
+
+void tcColumnReduction::addVisible(const tcSampleStore& acStore, int anFirst, int anEnd)
+{
+    while (anFirst < anEnd) {
+        const int gap = std::min(acStore.nextGap(anFirst), anEnd);
+        if (gap > anFirst) {
+            const int count = gap - anFirst;
+            const int width
+                = std::abs(mX.at(acStore.time(gap - 1)) - mX.at(acStore.time(anFirst))) + 1;
+            if (count / cPlainPerPixel > width) {
+                addDense(acStore, anFirst, gap);
+            } else {
+                for (int i = anFirst; i < gap; ++i)
+                    addSample(acStore, i);
+            }
+        }
+        if (gap < anEnd)
+            mJoined = false;
+        anFirst = gap + 1;
+    }
+}
+
+void tcColumnReduction::addDense(const tcSampleStore& acStore, int anFirst, int anEnd)
+{
+    int guess = cPlainPerPixel;
+    while (anFirst < anEnd) {
+        const int end = columnEnd(acStore, anFirst, anEnd, guess);
+        const tcExtent extent = acStore.values().extent(anFirst, end - anFirst);
+        const int low = mY.at(extent.lowest);
+        const int high = mY.at(extent.highest);
+        put({mX.at(acStore.time(anFirst)), mY.at(acStore.value(anFirst)), std::min(low, high),
+             std::max(low, high), mY.at(acStore.value(end - 1)), mJoined});
+        guess = end - anFirst;
+        anFirst = end;
+    }
+}
+
+/// End of the samples in the pixel column of the first one. Columns of a steady feed hold about
+/// the same number, so the search starts where the last one ended.
+int tcColumnReduction::columnEnd(const tcSampleStore& acStore, int anFirst, int anEnd,
+                                 int anGuess) const
+{
+    const int x = mX.at(acStore.time(anFirst));
+    const auto inside = [&](int anIndex) { return mX.at(acStore.time(anIndex)) == x; };
+    int low = anFirst;                             // inside
+    int high = std::min(anFirst + anGuess, anEnd); // outside, once the loops below are done
+    int step = 1;
+    if (high < anEnd && inside(high)) {
+        while (high < anEnd && inside(high)) {
+            low = high;
+            high = std::min(high + step, anEnd);
+            step *= 2;
+        }
+    } else {
+        while (high - step > low && !inside(high - step)) {
+            high -= step;
+            step *= 2;
+        }
+        low = std::max(high - step, low);
+    }
+    while (high - low > 1) {
+        const int middle = low + (high - low) / 2;
+        (inside(middle) ? low : high) = middle;
+    }
+    return high;
+}
+
+void tcColumnReduction::addSample(const tcSampleStore& acStore, int anIndex)
+{
+    const double time = acStore.time(anIndex);
+    const double value = acStore.value(anIndex);
+    if (!std::isfinite(time) || !std::isfinite(value)) {
+        mJoined = false;
+        return;
+    }
+    const int y = mY.at(value);
+    put({mX.at(time), y, y, y, y, mJoined});
+}
+
+void tcColumnReduction::put(const tcPixelColumn& acColumn)
+{
+    mJoined = true;
+    if (mMerge && acColumn.joined && mColumns.back().x == acColumn.x) {
+        tcPixelColumn& same = mColumns.back();
+        same.top = std::min(same.top, acColumn.top);
+        same.bottom = std::max(same.bottom, acColumn.bottom);
+        same.last = acColumn.last;
+        return;
+    }
+    mColumns.push_back(acColumn);
+}
