@@ -26,6 +26,17 @@ std::string trimmed(const std::string& acText)
     return acText.substr(begin, acText.find_last_not_of(" \t\r") - begin + 1);
 }
 
+/// A comment runs to the end of the line and begins it or follows a blank.
+std::string withoutComment(const std::string& acLine)
+{
+    for (size_t at = 0; at < acLine.size(); ++at) {
+        const bool sign = acLine[at] == ';' || acLine[at] == '#';
+        if (sign && (at == 0 || acLine[at - 1] == ' ' || acLine[at - 1] == '\t'))
+            return acLine.substr(0, at);
+    }
+    return acLine;
+}
+
 std::vector<std::string> list(const std::string& acText)
 {
     std::vector<std::string> items;
@@ -197,8 +208,8 @@ void tcSerialConfig::readIni(const std::string& acText, const std::string& acFil
     int number = 0;
     for (std::string line; std::getline(stream, line);) {
         ++number;
-        line = trimmed(line);
-        if (line.empty() || line[0] == ';' || line[0] == '#')
+        line = trimmed(withoutComment(line));
+        if (line.empty())
             continue;
         if (line.front() == '[' && line.back() == ']') {
             section = line.substr(1, line.size() - 2);

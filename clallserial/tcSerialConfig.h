@@ -38,8 +38,8 @@ struct tcSerialConfig
     /// the old value then stays.
     bool set(const std::string& acSection, const std::string& acKey,
              const std::string& acValue);
-    /// Lines "key = value" under "[section]"; what can't be understood is named on standard
-    /// error with its line number and skipped.
+    /// Lines "key = value" under "[section]", comments behind ; or #; what can't be understood
+    /// is named on standard error with its line number and skipped.
     void readIni(const std::string& acText, const std::string& acFileName);
     /// Variables named CLALLSERIAL_SECTION_KEY.
     void readEnvironment(const tcLookup& acLookup);

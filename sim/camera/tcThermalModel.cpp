@@ -28,7 +28,7 @@ constexpr double cCoolerMaxW = 12.0;
 constexpr double cCoolerMaxA = 2.0;
 constexpr double cCoolerOhm = 2.4;
 constexpr double cCoolerVoltPerK = 0.025;
-constexpr double cGain = 0.4;          // drive per K
+constexpr double cGain = 0.4;           // drive per K
 constexpr double cIntegralGain = 0.004; // drive per K and second
 
 /// Sensors 8 to 15: currents in mA, then voltages in V.

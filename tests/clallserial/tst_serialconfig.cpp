@@ -110,11 +110,12 @@ void tst_SerialConfig::iniFile()
 {
     tcSerialConfig config;
     config.readIni("; a comment\r\n# another\r\n\r\n[virtual]\r\n  seed = 7  \r\nnonsense\r\n"
-                   "speed=fast\r\n[host]\npaths = /dev/pts/1\n[line]\ntimeout=strict",
+                   "speed=fast\r\n[host] ; the computer\npaths = /dev/pts/1, /dev/a#b ; "
+                   "two\n[line]\ntimeout=strict",
                    "test.ini");
     QCOMPARE(config.seed, uint64_t(7));
     QCOMPARE(config.speed, 1.0);
-    QCOMPARE(config.hostPaths, std::vector<std::string>{"/dev/pts/1"});
+    QCOMPARE(config.hostPaths, (std::vector<std::string>{"/dev/pts/1", "/dev/a#b"}));
     QVERIFY(config.timeout == teTimeout::Strict);
 }
 
