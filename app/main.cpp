@@ -1,13 +1,14 @@
 #include "app/tcMainWindow.h"
+#include "app/tcStartUp.h"
 
 #include <QApplication>
 #include <QSettings>
 
 int main(int argc, char* argv[])
 {
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    tcStartUp::beforeApplication();
     QApplication application(argc, argv);
+    tcStartUp::afterApplication();
     QSettings settings;
     tcMainWindow window;
     window.show();

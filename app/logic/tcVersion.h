@@ -6,10 +6,11 @@
 namespace tcVersion
 {
 
-constexpr int cMajor = 1;
-constexpr int cMinor = 5;
-constexpr int cPatch = 0;
-constexpr int cBuild = 17;
+// The numbers stand in the project's CMakeLists.txt, for packages and resources as well.
+constexpr int cMajor = TARVIK_VERSION_MAJOR;
+constexpr int cMinor = TARVIK_VERSION_MINOR;
+constexpr int cPatch = TARVIK_VERSION_PATCH;
+constexpr int cBuild = TARVIK_VERSION_BUILD;
 
 /// "1.5.0"; detailed, with the build number and the revision behind it.
 QString text(bool abDetailed);

@@ -283,7 +283,7 @@ void tst_MainWindow::closingStoresSizeAndCameraOnDisk()
     mWindow->close();
     // While the window still lives: nothing may depend on what is destroyed when.
     QFile file(iniFile());
-    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
     const QByteArray text = file.readAll();
     QVERIFY2(text.contains("[mainwindow]\nsize=@Size(900 640)"), text.constData());
     QVERIFY2(text.contains("[panel]\ncamera=Vexa-R70"), text.constData());

@@ -1,6 +1,7 @@
 #include "app/logic/tcVersion.h"
 
 #include <QDateTime>
+#include <QFile>
 #include <QLocale>
 #include <QRegularExpression>
 #include <QTest>
@@ -14,6 +15,7 @@ private Q_SLOTS:
     void detailedText();
     void descriptionIsAbbreviatedRevisionAndSubject();
     void buildDateReadsAsWeekdayMonthDayTimeYear();
+    void newestChangesAreThoseOfThisVersion();
 };
 
 void tst_Version::detailedText()
@@ -36,6 +38,16 @@ void tst_Version::buildDateReadsAsWeekdayMonthDayTimeYear()
         = QLocale::c().toDateTime(tcVersion::buildDate(), "ddd MMM dd hh:mm:ss yyyy");
     QVERIFY2(built.isValid(), qPrintable(tcVersion::buildDate()));
     QVERIFY(built.date().year() >= 2020);
+}
+
+void tst_Version::newestChangesAreThoseOfThisVersion()
+{
+    QFile file(QStringLiteral(TARVIK_SOURCE_DIR "/CHANGELOG.md"));
+    QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(file.errorString()));
+    const auto heading = QRegularExpression("^## (\\S+)", QRegularExpression::MultilineOption)
+                             .match(QString::fromUtf8(file.readAll()));
+    QVERIFY(heading.hasMatch());
+    QCOMPARE(heading.captured(1), tcVersion::text(false));
 }
 
 QTEST_GUILESS_MAIN(tst_Version)

@@ -58,8 +58,10 @@ void tst_ChartNames::markerFileOfALinkedLog()
     QTemporaryDir folder;
     QFile log(folder.filePath("real.csv"));
     QVERIFY(log.open(QIODevice::WriteOnly));
-    if (!log.link(folder.filePath("linked.csv")))
-        QSKIP("no links here");
+#ifdef Q_OS_WIN
+    QSKIP("what Qt calls a link here is a shortcut, a file of its own");
+#endif
+    QVERIFY(log.link(folder.filePath("linked.csv")));
     QCOMPARE(tcChartNames::markerFile(folder.filePath("linked.csv")),
              QFileInfo(log).canonicalFilePath() + "/linked_meta.txt");
 }

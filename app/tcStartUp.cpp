@@ -1,0 +1,31 @@
+#include "app/tcStartUp.h"
+
+#include "app/tcPlatform.h"
+#include "app/tcTranslation.h"
+
+#include <QApplication>
+#include <QIcon>
+
+static void makeIconsKnown()
+{
+    Q_INIT_RESOURCE(icons);
+}
+
+void tcStartUp::beforeApplication()
+{
+    tcPlatform::hardenLibrarySearch();
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+}
+
+void tcStartUp::afterApplication()
+{
+    makeIconsKnown();
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+        icon.addFile(QStringLiteral(":/icons/tarvik-%1.png").arg(size));
+    QApplication::setWindowIcon(icon);
+    // Desktops that know windows by their menu entry find ours by its name.
+    QGuiApplication::setDesktopFileName(QStringLiteral("example.quillon.tarvik"));
+    tcTranslation::install();
+}

@@ -1,0 +1,19 @@
+# The link is relative, so that an installed tree may be moved.
+file(RELATIVE_PATH home "/${CMAKE_INSTALL_BINDIR}" "/${TARVIK_HOME}")
+file(MAKE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/bin")
+file(CREATE_LINK "${home}/tarvik" "${CMAKE_CURRENT_BINARY_DIR}/bin/tarvik" SYMBOLIC)
+install(FILES "${CMAKE_CURRENT_BINARY_DIR}/bin/tarvik" DESTINATION "${CMAKE_INSTALL_BINDIR}")
+
+install(FILES "linux/${TARVIK_ID}.desktop" DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
+configure_file("linux/${TARVIK_ID}.metainfo.xml.in" "${TARVIK_ID}.metainfo.xml" @ONLY)
+install(FILES "${CMAKE_CURRENT_BINARY_DIR}/${TARVIK_ID}.metainfo.xml"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
+set(icons "${CMAKE_INSTALL_DATADIR}/icons/hicolor")
+install(FILES icons/tarvik.svg DESTINATION "${icons}/scalable/apps" RENAME "${TARVIK_ID}.svg")
+foreach(size 16 24 32 48 64 128 256)
+    install(FILES icons/png/tarvik-${size}.png DESTINATION "${icons}/${size}x${size}/apps"
+            RENAME "${TARVIK_ID}.png")
+endforeach()
+# Rules of packages lie below lib, whatever the libraries' folder is called.
+install(FILES linux/60-vexa-tarvik.rules DESTINATION lib/udev/rules.d)
+install(FILES linux/tarvik.1 DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
