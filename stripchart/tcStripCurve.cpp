@@ -132,6 +132,14 @@ int tcStripCurve::copySamples(int anFirst, int anCount, double* apTimes, double*
     return mSamples->store.copy(anFirst, anCount, apTimes, apValues);
 }
 
+qint64 tcStripCurve::copyAddedSince(qint64 anSeen, std::vector<double>& arTimes,
+                                    std::vector<double>& arValues) const
+{
+    const std::lock_guard<std::mutex> lock(mSamples->mutex);
+    mSamples->store.copyAppendedSince(anSeen, arTimes, arValues);
+    return mSamples->store.appended();
+}
+
 bool tcStripCurve::finiteYRange(double* apLowest, double* apHighest) const
 {
     const std::lock_guard<std::mutex> lock(mSamples->mutex);

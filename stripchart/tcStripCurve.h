@@ -4,6 +4,7 @@
 #include <qwt_plot_curve.h>
 
 #include <memory>
+#include <vector>
 
 class tcCurveNotifier;
 class tcCurveSeries;
@@ -49,6 +50,13 @@ public:
     /// Samples from anFirst on as they are at one moment, either array may be null; returns how
     /// many were copied.
     int copySamples(int anFirst, int anCount, double* apTimes, double* apValues) const;
+    /// The readings added after the first anSeen, as far as they are still held, each with its
+    /// own time; returns how many were added since the curve was made.
+    qint64 copyAddedSince(qint64 anSeen, std::vector<double>& arTimes,
+                          std::vector<double>& arValues) const;
+
+    /// Expires with the curve, so that whoever keeps its address can tell.
+    std::weak_ptr<const void> lifetime() const { return mSamples; }
 
     /// Smallest and largest value (time) that is a finite number; false when there is none.
     bool finiteYRange(double* apLowest, double* apHighest) const;

@@ -10,6 +10,8 @@ void tcSampleStore::append(double anTime, double anValue)
         dropOldest();
     addTime(anTime);
     mValues.append(anValue);
+    ++mAppended;
+    mPaired = std::min(mPaired + 1, size());
 }
 
 void tcSampleStore::addTime(double anTime)
@@ -37,6 +39,7 @@ void tcSampleStore::clear()
     mTimes.clear();
     mValues.clear();
     mStepsBack.clear();
+    mPaired = 0;
 }
 
 void tcSampleStore::setCapacity(int anCapacity)
@@ -46,6 +49,8 @@ void tcSampleStore::setCapacity(int anCapacity)
         return;
     // As designed: only the times follow a smaller capacity, the values keep their number.
     if (capacity < mCapacity) {
+        if (mTimes.size() != capacity)
+            mPaired = 0;
         while (mTimes.size() < capacity)
             addTime(0.0);
         mTimes.resize(capacity);
@@ -76,6 +81,24 @@ int tcSampleStore::copy(int anFirst, int anCount, double* apTimes, double* apVal
     if (apValues)
         mValues.copy(first, count, apValues);
     return count;
+}
+
+void tcSampleStore::copyAppendedSince(long long anSeen, std::vector<double>& arTimes,
+                                      std::vector<double>& arValues) const
+{
+    const int wanted = static_cast<int>(std::min<long long>(mAppended - anSeen, size()));
+    arTimes.resize(static_cast<std::size_t>(std::max(wanted, 0)));
+    arValues.resize(arTimes.size());
+    if (wanted <= 0)
+        return;
+    // Times and values start together, drop together, and end together since they last parted.
+    const int paired = std::min(wanted, mPaired);
+    const int older = wanted - paired;
+    const int first = size() - mPaired - older;
+    mTimes.copy(first, older, arTimes.data());
+    mValues.copy(first, older, arValues.data());
+    mTimes.copy(mTimes.size() - paired, paired, arTimes.data() + older);
+    mValues.copy(mValues.size() - paired, paired, arValues.data() + older);
 }
 
 int tcSampleStore::nextStepBack(int anIndex) const

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <vector>
 
 /// The bounded samples of one curve: times in milliseconds since the epoch and values, oldest
 /// first. What is drawn is as long as the shorter of the two. Not thread-safe.
@@ -42,6 +43,14 @@ public:
     /// most size().
     int nextGap(int anIndex) const;
 
+    /// Samples appended so far, whatever became of them.
+    long long appended() const { return mAppended; }
+    /// The samples appended after the first anSeen, as far as they are still held, oldest
+    /// first. Each value comes with the time it was appended with, where what is drawn may pair
+    /// others since the capacity was lowered.
+    void copyAppendedSince(long long anSeen, std::vector<double>& arTimes,
+                           std::vector<double>& arValues) const;
+
     std::size_t bytes() const;
 
 private:
@@ -51,6 +60,8 @@ private:
     tcSampleColumn mTimes;
     tcSampleColumn mValues;
     int mCapacity = cDefaultCapacity;
+    long long mAppended = 0;
+    int mPaired = 0; ///< newest times and values that belong together, while both are held
     long long mDropped = 0;           ///< times dropped so far
     std::deque<long long> mStepsBack; ///< of times, counted from the first one ever
 };

@@ -341,6 +341,60 @@ private Q_SLOTS:
         }
     }
 
+    void givesWhatWasAppendedSince()
+    {
+        tcSampleStore store;
+        std::vector<double> times;
+        std::vector<double> values;
+        for (int i = 0; i < 150; ++i)
+            store.append(i, i * 10.0);
+        QCOMPARE(store.appended(), 150LL);
+        store.copyAppendedSince(148, times, values);
+        QCOMPARE(times, (std::vector<double>{148, 149}));
+        QCOMPARE(values, (std::vector<double>{1480, 1490}));
+        store.copyAppendedSince(0, times, values);
+        QCOMPARE(times.size(), std::size_t(101));
+        QCOMPARE(times.front(), 49.0);
+        store.copyAppendedSince(150, times, values);
+        QVERIFY(times.empty() && values.empty());
+        store.clear();
+        store.append(200, 5);
+        store.copyAppendedSince(100, times, values);
+        QCOMPARE(times, (std::vector<double>{200}));
+    }
+
+    void everySampleKeepsItsOwnTimeAfterTheCapacityWasLowered_data()
+    {
+        QTest::addColumn<int>("before");
+        QTest::addColumn<int>("after");
+        QTest::newRow("times cut") << 800 << 300;
+        QTest::newRow("times cut, then all replaced") << 800 << 900;
+        QTest::newRow("times padded") << 200 << 100;
+        QTest::newRow("times padded, then all replaced") << 200 << 1500;
+    }
+
+    void everySampleKeepsItsOwnTimeAfterTheCapacityWasLowered()
+    {
+        QFETCH(int, before);
+        QFETCH(int, after);
+        tcSampleStore store;
+        store.setCapacity(1000);
+        for (int i = 0; i < before; ++i)
+            store.append(i + 1, i + 1);
+        store.setCapacity(500);
+        for (int i = 0; i < after; ++i)
+            store.append(before + i + 1, before + i + 1);
+        std::vector<double> times;
+        std::vector<double> values;
+        store.copyAppendedSince(0, times, values);
+        QVERIFY(times.size() <= std::size_t(store.size()));
+        QCOMPARE(times, values);
+        QCOMPARE(times.back(), double(before + after));
+        store.copyAppendedSince(before + after - 7, times, values);
+        QCOMPARE(times.size(), std::size_t(7));
+        QCOMPARE(times, values);
+    }
+
     void risingAndFallingValuesLeaveTheExtentRight()
     {
         // The worst order for a running extent: each sample dropped is the extreme one.

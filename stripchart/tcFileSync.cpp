@@ -1,0 +1,30 @@
+#include "stripchart/tcFileSync.h"
+
+#include <QFileDevice>
+
+#ifdef Q_OS_WIN
+#include <io.h>
+#include <qt_windows.h>
+#else
+#include <cerrno>
+#include <unistd.h>
+#endif
+
+bool tcFileSync::toDisk(QFileDevice& arFile)
+{
+    if (!arFile.flush())
+        return false;
+    const int handle = arFile.handle();
+    if (handle == -1)
+        return false;
+#ifdef Q_OS_WIN
+    const auto file = reinterpret_cast<HANDLE>(_get_osfhandle(handle));
+    return GetFileType(file) != FILE_TYPE_DISK || FlushFileBuffers(file);
+#else
+    int result = 0;
+    do {
+        result = fsync(handle);
+    } while (result != 0 && errno == EINTR);
+    return result == 0 || errno == EINVAL || errno == EROFS || errno == ENOTSUP;
+#endif
+}

@@ -1,0 +1,99 @@
+#include "stripchart/tcLogFile.h"
+
+#include "stripchart/tcFileSync.h"
+
+#include <QFileInfo>
+
+namespace
+{
+
+bool endsInTheMiddleOfALine(const QString& acPath)
+{
+    QFile file(acPath);
+    if (!file.open(QIODevice::ReadOnly) || file.size() == 0)
+        return false;
+    return file.seek(file.size() - 1) && file.read(1) != "\n";
+}
+
+} // namespace
+
+tcLogFile::tcLogFile(const QString& acPath) : mFile(acPath) { }
+
+bool tcLogFile::open()
+{
+    const QFileInfo there(mFile);
+    QIODevice::OpenMode mode = QIODevice::WriteOnly | QIODevice::Unbuffered;
+    mRegular = !there.exists() || there.isFile();
+    if (mRegular)
+        mode |= QIODevice::Append; // a device has no end to seek
+    if (!mFile.open(mode))
+        return false;
+    mTorn = mRegular && endsInTheMiddleOfALine(mFile.fileName());
+    return true;
+}
+
+bool tcLogFile::isEmpty() const
+{
+    return mWaiting.isEmpty() && (mRegular ? mFile.size() == 0 : !mAny);
+}
+
+bool tcLogFile::write(const QByteArray& acLines, qint64 anNow)
+{
+    if (mTorn && !acLines.isEmpty()) {
+        mWaiting += '\n';
+        mTorn = false;
+    }
+    mWaiting += acLines;
+    const bool handed = handOver();
+    return sync(anNow) && handed;
+}
+
+bool tcLogFile::handOver()
+{
+    if (mWaiting.isEmpty())
+        return true;
+    const qint64 start = mRegular ? mFile.size() : 0;
+    const qint64 count = mFile.write(mWaiting);
+    mUnsynced = mUnsynced || count != 0;
+    if (count == mWaiting.size()) {
+        mAny = true;
+        mWaiting.clear();
+        return true;
+    }
+    takeBackTornLine(start, count);
+    return false;
+}
+
+void tcLogFile::takeBackTornLine(qint64 anStart, qint64 anReturned)
+{
+    // A write that failed half way may return less than what got into the file.
+    qint64 there = mRegular ? mFile.size() - anStart : anReturned;
+    there = qBound<qint64>(0, there, mWaiting.size());
+    mAny = mAny || there > 0;
+    const qint64 whole = there == 0 ? 0 : mWaiting.lastIndexOf('\n', int(there) - 1) + 1;
+    // Cutting works on a full disk. Where it does not, the rest follows where it stopped, which
+    // makes the line whole as well.
+    const bool cut = whole == there || (mRegular && mFile.resize(anStart + whole));
+    mWaiting.remove(0, int(cut ? whole : there));
+}
+
+bool tcLogFile::sync(qint64 anNow)
+{
+    const qint64 since = anNow - mSyncedAt;
+    // The clock may have been set back meanwhile.
+    if (!mUnsynced || (since >= 0 && since < cSyncIntervalMs))
+        return true;
+    if (!tcFileSync::toDisk(mFile))
+        return false;
+    mUnsynced = false;
+    mSyncedAt = anNow;
+    return true;
+}
+
+bool tcLogFile::close()
+{
+    const bool handed = handOver();
+    const bool synced = !mUnsynced || tcFileSync::toDisk(mFile);
+    mFile.close();
+    return handed && synced;
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QFile>
+
+/// A file that lines are added to for days. Each line gets there once, whatever fails on the
+/// way: what the disk refuses is kept and offered again, a line that was cut short is taken
+/// back first, and a last line torn by an earlier end is left alone on a line of its own.
+class tcLogFile
+{
+public:
+    static constexpr qint64 cSyncIntervalMs = 60000;
+
+    explicit tcLogFile(const QString& acPath);
+
+    bool open();
+    QString fileName() const { return mFile.fileName(); }
+    QString errorString() const { return mFile.errorString(); }
+
+    /// Nothing is in the file, and nothing waits to get there.
+    bool isEmpty() const;
+
+    /// Adds whole lines, handing them to the system at once, and to the disk once a minute by
+    /// acNow (ms of a clock that may step). False while something waits or the disk refuses.
+    bool write(const QByteArray& acLines, qint64 anNow);
+    /// The last chance for what waits; false when it is lost.
+    bool close();
+
+    qint64 waiting() const { return mWaiting.size(); } ///< bytes
+
+private:
+    bool handOver();
+    void takeBackTornLine(qint64 anStart, qint64 anReturned);
+    bool sync(qint64 anNow);
+
+    QFile mFile;
+    QByteArray mWaiting;
+    qint64 mSyncedAt = 0;
+    bool mRegular = false;
+    bool mTorn = false; ///< the file ends in the middle of a line
+    bool mUnsynced = false;
+    bool mAny = false; ///< something was written to what has no size
+};

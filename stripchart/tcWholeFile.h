@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QFileDevice>
+#include <QString>
+
+#include <memory>
+
+/// A file that is written whole or not at all: until commit() has succeeded the old one stands.
+///
+/// What is no regular file (a device, a pipe) is written directly, since putting another file
+/// in its place would do away with it; so is a file in a folder that takes no new ones.
+class tcWholeFile
+{
+public:
+    explicit tcWholeFile(const QString& acPath);
+    /// Without commit() what was written is thrown away.
+    ~tcWholeFile();
+
+    bool open();
+    QFileDevice& device() { return *mFile; }
+    /// Puts the file in place once it is on the disk. False when any write before, the disk or
+    /// the exchange failed.
+    bool commit();
+
+private:
+    std::unique_ptr<QFileDevice> mFile;
+};
