@@ -31,10 +31,11 @@ namespace tcHostDevices
 std::vector<std::string> scan();
 
 /// Null if it can't be opened. Names that only the operating system knows, such as those of
-/// pseudo-terminals, will do where it is POSIX.
+/// pseudo-terminals, will do as well.
 std::unique_ptr<tcHostDevice> open(const std::string& acName);
 
-/// Any terminal device by its path; null on systems without such paths.
-std::unique_ptr<tcHostDevice> openTerminal(const std::string& acPath);
+/// The same by the operating system's own means; not every system lists its ports by itself.
+std::vector<std::string> scanTerminals();
+std::unique_ptr<tcHostDevice> openTerminal(const std::string& acName);
 
 } // namespace tcHostDevices

@@ -118,6 +118,12 @@ private:
 
 } // namespace
 
+/// Which of the many terminal devices is a port, only the serial port library knows.
+std::vector<std::string> scanTerminals()
+{
+    return {};
+}
+
 std::unique_ptr<tcHostDevice> openTerminal(const std::string& acPath)
 {
     const int file = ::open(acPath.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
