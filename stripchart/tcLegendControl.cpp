@@ -2,13 +2,12 @@
 
 #include "stripchart/tcCurveRef.h"
 #include "stripchart/tcStripCurve.h"
+#include "stripchart/tcStripLegend.h"
 #include "widgets/tcDialogs.h"
 
 #include <QBoxLayout>
 #include <QGuiApplication>
 #include <QMenu>
-#include <qwt_legend.h>
-#include <qwt_legend_label.h>
 #include <qwt_plot.h>
 
 namespace
@@ -21,11 +20,9 @@ QString menuText(const QString& acTitle)
 } // namespace
 
 tcLegendControl::tcLegendControl(QwtPlot& arPlot, QBoxLayout& arLayout)
-    : mPlot(arPlot), mLegend(new QwtLegend)
+    : mPlot(arPlot), mLegend(new tcStripLegend)
 {
     mLegend->setObjectName(QStringLiteral("legend"));
-    mLegend->setMaxColumns(1);
-    mLegend->setDefaultItemMode(QwtLegendData::Checkable);
     mLegend->setContextMenuPolicy(Qt::CustomContextMenu);
     arLayout.addWidget(mLegend);
     connect(&mPlot, &QwtPlot::legendDataChanged, mLegend, &QwtLegend::updateLegend);

@@ -2,8 +2,8 @@
 
 #include "stripchart/tcStripCurve.h"
 
-#include <QCoreApplication>
 #include <qwt_plot.h>
+#include <qwt_scale_map.h>
 #include <qwt_text.h>
 
 #include <algorithm>
@@ -37,6 +37,14 @@ bool hasValues(const tcStripCurve& acCurve)
     return acCurve.finiteYRange(&lowest, &highest);
 }
 } // namespace
+
+void tcExtremeLine::draw(QPainter* apPainter, const QwtScaleMap& acXMap,
+                         const QwtScaleMap& acYMap, const QRectF& acCanvas) const
+{
+    if (yValue() >= std::min(acYMap.s1(), acYMap.s2())
+        && yValue() <= std::max(acYMap.s1(), acYMap.s2()))
+        tcStripLineMarker::draw(apPainter, acXMap, acYMap, acCanvas);
+}
 
 tcMinMaxLines::tcMinMaxLines(QwtPlot& arPlot)
     : mMin(QStringLiteral("Min:")), mMax(QStringLiteral("Max:"))

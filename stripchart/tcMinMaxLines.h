@@ -5,6 +5,17 @@
 class QwtPlot;
 class tcStripCurve;
 
+/// A line that is drawn only where the axis reaches it: at the largest double the painter would
+/// lose its place and draw along the edge.
+class tcExtremeLine : public tcStripLineMarker
+{
+public:
+    using tcStripLineMarker::tcStripLineMarker;
+
+    void draw(QPainter* apPainter, const QwtScaleMap& acXMap, const QwtScaleMap& acYMap,
+              const QRectF& acCanvas) const override;
+};
+
 /// The two lines at the lowest and the highest value of the curve that they follow.
 class tcMinMaxLines
 {
@@ -33,7 +44,7 @@ public:
     const tcStripMarker& maxLine() const { return mMax; }
 
 private:
-    tcStripLineMarker mMin;
-    tcStripLineMarker mMax;
+    tcExtremeLine mMin;
+    tcExtremeLine mMax;
     bool mShown = false;
 };

@@ -5,19 +5,25 @@
 
 #include <QPen>
 #include <qwt_plot.h>
+#include <qwt_plot_canvas.h>
 #include <qwt_plot_grid.h>
+#include <qwt_plot_layout.h>
 #include <qwt_plot_zoomer.h>
 
 namespace
 {
-const QColor cMajorGridColor(62, 70, 80);
-const QColor cMinorGridColor(36, 41, 48);
+constexpr int cEdge = 6; ///< pixels that keep the outermost labels off the window's edge
+const QColor cMajorGridColor(58, 64, 72);
+const QColor cMinorGridColor(36, 40, 46);
 const QColor cZoomBandColor(230, 230, 230);
 } // namespace
 
 tcPlotTools::tcPlotTools(QwtPlot& arPlot)
     : mPlot(arPlot), mGrid(std::make_unique<QwtPlotGrid>())
 {
+    mPlot.setContentsMargins(2, cEdge, cEdge, 2);
+    mPlot.plotLayout()->setAlignCanvasToScales(true);
+    static_cast<QwtPlotCanvas*>(mPlot.canvas())->setFrameStyle(QFrame::NoFrame);
     mGrid->setMajorPen(cMajorGridColor, 0.0, Qt::SolidLine);
     mGrid->setMinorPen(cMinorGridColor, 0.0, Qt::DotLine);
     mGrid->attach(&mPlot);

@@ -18,14 +18,13 @@
 #include <QMenu>
 #include <QTimerEvent>
 #include <qwt_legend.h>
-#include <qwt_plot_layout.h>
 
 namespace
 {
 constexpr int cTimerIntervalMs = 1000;
 constexpr int cMinimumHeight = 250; ///< pixels; a lower chart shows no times
 constexpr int cPlotMinimumHeight = 120;
-constexpr int cPlotMinimumWidth = 160;
+constexpr int cPlotMinimumWidth = 120;
 } // namespace
 
 tcStripChart::tcStripChart(QWidget* apParent)
@@ -38,7 +37,6 @@ tcStripChart::tcStripChart(QWidget* apParent)
     mForm->setupUi(this);
     mForm->qwtPlot->setMinimumSize(cPlotMinimumWidth, cPlotMinimumHeight);
     mForm->qwtPlot->setAutoDelete(false);
-    mForm->qwtPlot->plotLayout()->setAlignCanvasToScales(true);
     mReplot = std::make_unique<tcReplotRequest>(*mForm->qwtPlot);
     mTools = std::make_unique<tcPlotTools>(*mForm->qwtPlot);
     mAxes = std::make_unique<tcAxisControl>(*mForm, mTools->grid());

@@ -8,6 +8,7 @@
 #include <QDoubleSpinBox>
 #include <QEvent>
 #include <QSpinBox>
+#include <QTest>
 #include <QToolButton>
 #include <qwt_legend.h>
 #include <qwt_legend_label.h>
@@ -15,6 +16,20 @@
 #include <qwt_scale_map.h>
 
 #include <memory>
+
+/// Counts the paint events of a widget.
+class tcPaintCounter : public QObject
+{
+public:
+    explicit tcPaintCounter(QWidget* apWidget) { apWidget->installEventFilter(this); }
+    bool eventFilter(QObject* apObject, QEvent* apEvent) override
+    {
+        if (apEvent->type() == QEvent::Paint)
+            ++count;
+        return QObject::eventFilter(apObject, apEvent);
+    }
+    int count = 0;
+};
 
 /// A chart with its parts at hand and a clock that stands until it is set.
 class tcChartProbe
@@ -68,22 +83,20 @@ public:
         QCoreApplication::processEvents();
     }
 
+    /// Stops the timer and waits until all that was asked for has been painted.
+    void settle()
+    {
+        chart->stopUpdates();
+        tcPaintCounter counter(plot->canvas());
+        int before = -1;
+        while (before != counter.count) {
+            before = counter.count;
+            QTest::qWait(40);
+        }
+    }
+
     qint64 now = cNow;
     std::unique_ptr<tcStripChart> chart;
     QwtPlot* plot = nullptr;
     QwtLegend* legend = nullptr;
-};
-
-/// Counts the paint events of a widget.
-class tcPaintCounter : public QObject
-{
-public:
-    explicit tcPaintCounter(QWidget* apWidget) { apWidget->installEventFilter(this); }
-    bool eventFilter(QObject* apObject, QEvent* apEvent) override
-    {
-        if (apEvent->type() == QEvent::Paint)
-            ++count;
-        return QObject::eventFilter(apObject, apEvent);
-    }
-    int count = 0;
 };

@@ -298,8 +298,7 @@ void tst_StripChart::readingsAreDrawnOnceAPass()
     const auto a = probe.curve("A");
     const QUuid key = probe.chart->addCurve(a.get());
     probe.show();
-    probe.chart->stopUpdates();
-    QTest::qWait(40);
+    probe.settle();
     tcPaintCounter counter(probe.plot->canvas());
     for (int i = 0; i < 500; ++i)
         probe.chart->updateData(key, 0, probe.now + i, i);
@@ -315,8 +314,7 @@ void tst_StripChart::unknownKeysAtFullRateCostNoPainting()
     const auto a = probe.curve("A");
     probe.chart->addCurve(a.get());
     probe.show();
-    probe.chart->stopUpdates();
-    QTest::qWait(40);
+    probe.settle();
     tcPaintCounter counter(probe.plot->canvas());
     for (int i = 0; i < 20000; ++i)
         probe.chart->updateData(QUuid::createUuid(), i % 7 - 2, i, i);

@@ -1,0 +1,584 @@
+#include "stripchart/tcMarkerInfo.h"
+#include "stripchart/tcMarkerTable.h"
+#include "stripchart/tcMinMaxLines.h"
+#include "stripchart/tcStripMarker.h"
+#include "tests/stripchart/tcChartProbe.h"
+#include "tests/support/tcScriptedDialogs.h"
+
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPen>
+#include <QtTest>
+#include <qwt_symbol.h>
+
+#include <cmath>
+
+namespace
+{
+constexpr double cAboveAll = 1.7976931348623157e308;
+constexpr double cBelowAll = 2.2250738585072014e-308;
+constexpr double cT = static_cast<double>(tcChartProbe::cNow);
+
+struct tcMarkedChart : tcChartProbe
+{
+    tcMarkedChart()
+    {
+        a = curve("A");
+        key = chart->addCurve(a.get());
+        a->addSample(now - 4000, 40.0);
+        chart->setYRange(0, 0.0, 100.0);
+        chart->stopUpdates();
+        show();
+        chart->tick();
+        plot->replot();
+    }
+    ~tcMarkedChart() { a.reset(); }
+
+    QPoint samplePixel() const { return pixel(cT - 4000.0, 40.0); }
+    tcStripMarker* only() const { return chart->markers().markers().first(); }
+
+    std::unique_ptr<tcStripCurve> a;
+    QUuid key;
+    tcScriptedDialogs dialogs;
+};
+
+tcStripMarker* deepest(tcMarkerTable& arTable)
+{
+    return arTable.markers().isEmpty() ? nullptr : arTable.markers().last();
+}
+} // namespace
+
+class tst_ChartMarkers : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QGuiApplication::setApplicationDisplayName("Vexa Tarvik"); }
+    void minMaxLinesAtStart();
+    void refreshFollowsTheCurve();
+    void refreshFromZeroTakesTheSmallest();
+    void refreshOfAnEmptyCurveChangesNothing();
+    void readingWidensWithoutLabel();
+    void readingOfAnotherCurveWidensToo();
+    void readingLeavesHiddenLines();
+    void resetWithoutCurveStaysAtTheExtremes();
+    void resetLinesAreNotDrawn();
+    void allNegativeMaximumStaysAboveZero();
+    void showMinMaxResetsAndShows();
+    void hiddenLinesStayHiddenWhenTheirCurveIsShown();
+    void followedCurveDestroyed();
+    void markerSnapsToANearSample_data();
+    void markerSnapsToANearSample();
+    void markerSnapsOnTheRightAxis();
+    void markerIgnoresHiddenCurves();
+    void markerLook();
+    void textQuestion();
+    void cancelledTextLeavesTheMarker();
+    void chartDestroyedWhileAskingForText();
+    void curveDestroyedWhileAskingForText();
+    void markerDeletedWhileAskingForText();
+    void markerOfADestroyedCurveStays();
+    void orderAndUnloggedMarkers();
+    void hitTest_data();
+    void hitTest();
+    void hitTestOfOverlappingMarkersTakesTheFirstKey();
+    void deleteMenu();
+    void lineMarker();
+    void lineMarkerOfUnknownIdentifier();
+    void markerListDialog();
+    void markerListFollowsItsMarkers();
+    void markerListSurvivesTheChart();
+    void markerChangedOfUnknownNumber();
+    void tenThousandMarkers();
+};
+
+void tst_ChartMarkers::minMaxLinesAtStart()
+{
+    tcChartProbe probe;
+    const tcMinMaxLines& lines = probe.chart->minMaxLines();
+    QCOMPARE(lines.minLine().name(), QString("Min:"));
+    QCOMPARE(lines.maxLine().name(), QString("Max:"));
+    for (const tcStripMarker* line : {&lines.minLine(), &lines.maxLine()}) {
+        QCOMPARE(line->lineStyle(), QwtPlotMarker::HLine);
+        QCOMPARE(line->labelAlignment(), Qt::AlignRight | Qt::AlignBottom);
+        QVERIFY(!line->isVisible());
+        QCOMPARE(line->plot(), probe.plot);
+    }
+    QCOMPARE(lines.minLine().yValue(), cAboveAll);
+}
+
+void tst_ChartMarkers::refreshFollowsTheCurve()
+{
+    tcMarkedChart probe;
+    probe.a->addSample(probe.now - 3000, 12.3451);
+    auto menu = probe.chart->legendMenu(
+        probe.label(probe.a.get())->mapTo(probe.legend, QPoint(5, 5)));
+    for (QAction* action : menu->actions())
+        if (action->text().startsWith("Show Min/Max"))
+            action->trigger();
+    const tcMinMaxLines& lines = probe.chart->minMaxLines();
+    QVERIFY(lines.isFollowing());
+    QCOMPARE(lines.minLine().yValue(), 12.3451);
+    QCOMPARE(lines.minLine().label().text(), QString("Min: 12.345"));
+    QCOMPARE(lines.maxLine().label().text(), QString("Max: 40.000"));
+    probe.a->addSample(probe.now - 2000, 55.0);
+    probe.chart->tick();
+    QCOMPARE(lines.maxLine().label().text(), QString("Max: 55.000"));
+    QCOMPARE(lines.minLine().yAxis(), probe.a->yAxis());
+}
+
+void tst_ChartMarkers::refreshFromZeroTakesTheSmallest()
+{
+    QwtPlot plot;
+    plot.setAutoDelete(false);
+    tcMinMaxLines lines(plot);
+    tcStripCurve first(0);
+    tcStripCurve second(1);
+    second.addSample(1, 30.0);
+    lines.follow(&first);
+    lines.follow(&second); // leaving a curve sets the value to zero
+    QCOMPARE(lines.minLine().yValue(), 0.0);
+    lines.refresh();
+    QCOMPARE(lines.minLine().yValue(), 30.0);
+}
+
+void tst_ChartMarkers::refreshOfAnEmptyCurveChangesNothing()
+{
+    QwtPlot plot;
+    plot.setAutoDelete(false);
+    tcMinMaxLines lines(plot);
+    tcStripCurve curve(0);
+    lines.follow(&curve);
+    lines.refresh();
+    QCOMPARE(lines.minLine().yValue(), cAboveAll);
+    curve.addSample(1, std::nan(""));
+    lines.refresh();
+    QCOMPARE(lines.minLine().yValue(), cAboveAll);
+}
+
+void tst_ChartMarkers::readingWidensWithoutLabel()
+{
+    tcMarkedChart probe;
+    probe.chart->showMinMax(true);
+    const QString before = probe.chart->minMaxLines().minLine().label().text();
+    probe.chart->updateData(probe.key, 0, probe.now, 15.0);
+    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), 15.0);
+    QCOMPARE(probe.chart->minMaxLines().maxLine().yValue(), 40.0);
+    QCOMPARE(probe.chart->minMaxLines().minLine().label().text(), before);
+}
+
+void tst_ChartMarkers::readingOfAnotherCurveWidensToo()
+{
+    tcMarkedChart probe;
+    const auto b = probe.curve("B", 1);
+    probe.chart->addCurve(b.get(), probe.key);
+    probe.chart->showMinMax(true);
+    probe.chart->updateData(probe.key, 1, probe.now, 90.0);
+    probe.chart->updateData(probe.key, 0, probe.now, 41.0);
+    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), 40.0);
+    QCOMPARE(probe.chart->minMaxLines().maxLine().yValue(), 90.0);
+}
+
+void tst_ChartMarkers::readingLeavesHiddenLines()
+{
+    tcMarkedChart probe;
+    probe.chart->updateData(probe.key, 0, probe.now, 15.0);
+    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), cAboveAll);
+}
+
+void tst_ChartMarkers::resetWithoutCurveStaysAtTheExtremes()
+{
+    tcMarkedChart probe;
+    probe.chart->showMinMax(true);
+    probe.chart->updateData(probe.key, 0, probe.now, 15.0);
+    probe.action("actionReset_Min_Max")->trigger();
+    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), cAboveAll);
+    QCOMPARE(probe.chart->minMaxLines().maxLine().yValue(), cBelowAll);
+}
+
+void tst_ChartMarkers::resetLinesAreNotDrawn()
+{
+    tcMarkedChart probe;
+    probe.chart->setYRange(0, 10.0, 50.0); // the range begins above the line of the maximum
+    const QImage without = probe.plot->canvas()->grab().toImage();
+    probe.chart->showMinMax(true);
+    const QImage with = probe.plot->canvas()->grab().toImage();
+    QCOMPARE(with, without);
+}
+
+void tst_ChartMarkers::allNegativeMaximumStaysAboveZero()
+{
+    tcMarkedChart probe;
+    probe.a->clear();
+    probe.chart->showMinMax(true);
+    probe.chart->updateData(probe.key, 0, probe.now, -5.0);
+    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), -5.0);
+    QCOMPARE(probe.chart->minMaxLines().maxLine().yValue(), cBelowAll);
+}
+
+void tst_ChartMarkers::showMinMaxResetsAndShows()
+{
+    tcMarkedChart probe;
+    QVERIFY(!probe.action("actionShow_Min_Max_Markers")->isChecked());
+    probe.chart->showMinMax(true);
+    QVERIFY(probe.action("actionShow_Min_Max_Markers")->isChecked());
+    QVERIFY(probe.chart->minMaxLines().minLine().isVisible());
+    QVERIFY(probe.chart->minMaxLines().maxLine().isVisible());
+    probe.chart->updateData(probe.key, 0, probe.now, 15.0);
+    probe.action("actionShow_Min_Max_Markers")->setChecked(false);
+    QVERIFY(!probe.chart->minMaxLines().minLine().isVisible());
+    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), 15.0);
+    probe.action("actionShow_Min_Max_Markers")->setChecked(true);
+    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), cAboveAll);
+}
+
+void tst_ChartMarkers::hiddenLinesStayHiddenWhenTheirCurveIsShown()
+{
+    tcMarkedChart probe;
+    auto menu = probe.chart->legendMenu(
+        probe.label(probe.a.get())->mapTo(probe.legend, QPoint(5, 5)));
+    menu->actions().at(3)->trigger();
+    QVERIFY(probe.chart->minMaxLines().isShown());
+    probe.action("actionShow_Min_Max_Markers")->setChecked(false);
+    menu->actions().at(0)->trigger();
+    menu->actions().at(1)->trigger();
+    QVERIFY(probe.a->isVisible());
+    QVERIFY(!probe.chart->minMaxLines().minLine().isVisible());
+}
+
+void tst_ChartMarkers::followedCurveDestroyed()
+{
+    tcMarkedChart probe;
+    auto menu = probe.chart->legendMenu(
+        probe.label(probe.a.get())->mapTo(probe.legend, QPoint(5, 5)));
+    menu->actions().at(3)->trigger();
+    probe.a.reset();
+    QVERIFY(!probe.chart->minMaxLines().isFollowing());
+    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), 0.0);
+    probe.chart->tick();
+    QVERIFY(!probe.chart->grab().isNull());
+}
+
+void tst_ChartMarkers::markerSnapsToANearSample_data()
+{
+    QTest::addColumn<QPoint>("offset");
+    QTest::addColumn<bool>("snaps");
+    QTest::newRow("on it") << QPoint(0, 0) << true;
+    QTest::newRow("8 pixels beside") << QPoint(8, 0) << true;
+    QTest::newRow("8 pixels below") << QPoint(0, 8) << true;
+    QTest::newRow("8 and 8 pixels") << QPoint(8, 8) << false;
+    QTest::newRow("12 pixels") << QPoint(12, 0) << false;
+}
+
+void tst_ChartMarkers::markerSnapsToANearSample()
+{
+    QFETCH(QPoint, offset);
+    QFETCH(bool, snaps);
+    tcMarkedChart probe;
+    const QPoint pos = probe.samplePixel() + offset;
+    probe.chart->markerRequest(pos);
+    const tcStripMarker* marker = probe.only();
+    QCOMPARE(marker->curve(), snaps ? probe.a.get() : nullptr);
+    if (snaps)
+        QCOMPARE(marker->value(), QPointF(cT - 4000.0, 40.0));
+    else
+        QCOMPARE(marker->value(),
+                 QPointF(probe.plot->invTransform(QwtPlot::xBottom, pos.x()),
+                         probe.plot->invTransform(QwtPlot::yLeft, pos.y())));
+    const QColor color = snaps ? probe.a->pen().color() : QColor(Qt::white);
+    QCOMPARE(marker->symbol()->pen().color(), color);
+    QCOMPARE(marker->symbol()->brush(), QBrush(color));
+    QCOMPARE(marker->label().color(), color);
+    QCOMPARE(probe.a->markers().size(), snaps ? 1 : 0);
+}
+
+void tst_ChartMarkers::markerSnapsOnTheRightAxis()
+{
+    tcMarkedChart probe;
+    probe.chart->setYRange(1, 0.0, 50.0);
+    probe.chart->assignAxis(probe.a.get(), 1);
+    QCoreApplication::processEvents();
+    probe.plot->replot();
+    const QPoint pos(qRound(probe.plot->transform(QwtPlot::xBottom, cT - 4000.0)),
+                     qRound(probe.plot->transform(QwtPlot::yRight, 40.0)));
+    probe.chart->markerRequest(pos);
+    QCOMPARE(probe.only()->curve(), probe.a.get());
+    QCOMPARE(probe.only()->yAxis(), int(QwtPlot::yRight));
+    QCOMPARE(probe.chart->markers().markerAt(pos), probe.only());
+}
+
+void tst_ChartMarkers::markerIgnoresHiddenCurves()
+{
+    tcMarkedChart probe;
+    probe.a->setVisible(false);
+    probe.chart->markerRequest(probe.samplePixel());
+    QVERIFY(!probe.only()->curve());
+}
+
+void tst_ChartMarkers::markerLook()
+{
+    tcMarkedChart probe;
+    probe.dialogs.textAnswer = QString("hot");
+    probe.chart->markerRequest(probe.samplePixel());
+    const tcStripMarker* marker = probe.only();
+    QVERIFY(dynamic_cast<const tcStripPointMarker*>(marker));
+    QCOMPARE(marker->name(), QString());
+    QCOMPARE(marker->symbol()->size(), QSize(9, 9));
+    QCOMPARE(marker->label().text(), QString("hot"));
+    QCOMPARE(marker->label().font().family(), QString("Helvetica"));
+    QCOMPARE(marker->label().font().pointSize(), 10);
+    QCOMPARE(marker->labelAlignment(), Qt::AlignRight | Qt::AlignTop);
+}
+
+void tst_ChartMarkers::textQuestion()
+{
+    tcMarkedChart probe;
+    QString labelWhileOpen;
+    probe.dialogs.whileOpen = [&] { labelWhileOpen = probe.only()->label().text(); };
+    probe.chart->markerRequest(probe.samplePixel());
+    QCOMPARE(probe.dialogs.asked.size(), 1);
+    QCOMPARE(probe.dialogs.asked.first().kind, QString("text"));
+    QCOMPARE(probe.dialogs.asked.first().title, QString("Vexa Tarvik"));
+    QCOMPARE(probe.dialogs.asked.first().text, QString("Marker Text:"));
+    QCOMPARE(labelWhileOpen, QString(" 1699999996000.000,40.000"));
+}
+
+void tst_ChartMarkers::cancelledTextLeavesTheMarker()
+{
+    tcMarkedChart probe;
+    probe.chart->markerRequest(probe.samplePixel());
+    QCOMPARE(probe.chart->markers().markers().size(), 1);
+    QCOMPARE(probe.only()->label().text(), QString());
+}
+
+void tst_ChartMarkers::chartDestroyedWhileAskingForText()
+{
+    tcMarkedChart probe;
+    probe.dialogs.textAnswer = QString("late");
+    probe.dialogs.whileOpen = [&] { probe.chart.reset(); };
+    probe.chart->markerRequest(probe.samplePixel());
+    QVERIFY(!probe.chart);
+    QVERIFY(probe.a->markers().isEmpty());
+}
+
+void tst_ChartMarkers::curveDestroyedWhileAskingForText()
+{
+    tcMarkedChart probe;
+    probe.dialogs.textAnswer = QString("late");
+    probe.dialogs.whileOpen = [&] { probe.a.reset(); };
+    probe.chart->markerRequest(probe.samplePixel());
+    QCOMPARE(probe.only()->label().text(), QString("late"));
+    QCOMPARE(probe.only()->label().color(), QColor(Qt::white));
+    QVERIFY(!probe.only()->curve());
+}
+
+void tst_ChartMarkers::markerDeletedWhileAskingForText()
+{
+    tcMarkedChart probe;
+    probe.dialogs.textAnswer = QString("late");
+    probe.dialogs.whileOpen
+        = [&] { probe.chart->markers().remove(probe.chart->markers().order().first()); };
+    probe.chart->markerRequest(probe.samplePixel());
+    QVERIFY(probe.chart->markers().markers().isEmpty());
+}
+
+void tst_ChartMarkers::markerOfADestroyedCurveStays()
+{
+    tcMarkedChart probe;
+    probe.chart->markerRequest(probe.samplePixel());
+    probe.a.reset();
+    QCOMPARE(probe.chart->markers().markers().size(), 1);
+    QVERIFY(!probe.only()->curve());
+    QCOMPARE(probe.only()->yValue(), 0.0);
+    QVERIFY(!probe.chart->grab().isNull());
+}
+
+void tst_ChartMarkers::orderAndUnloggedMarkers()
+{
+    tcMarkedChart probe;
+    tcMarkerTable& table = probe.chart->markers();
+    const QUuid first = table.place({30, 30});
+    const QUuid second = table.place({80, 30});
+    QCOMPARE(table.order(), (QVector<QUuid>{first, second}));
+    QCOMPARE(table.unlogged(), (QVector<QUuid>{first, second}));
+    // A log that writes while the question stands open writes the marker again with its text.
+    probe.dialogs.whileOpen = [&] { table.setLogged(); };
+    probe.chart->markerRequest({130, 30});
+    QCOMPARE(table.unlogged(), QVector<QUuid>{table.order().last()});
+    QCOMPARE(table.order().size(), 3);
+    table.remove(first);
+    QCOMPARE(table.order().size(), 2);
+    QCOMPARE(table.order().first(), second);
+}
+
+void tst_ChartMarkers::hitTest_data()
+{
+    QTest::addColumn<QPoint>("offset");
+    QTest::addColumn<bool>("hit");
+    QTest::newRow("centre") << QPoint(0, 0) << true;
+    QTest::newRow("4 right") << QPoint(4, 0) << true;
+    QTest::newRow("4 up") << QPoint(0, -4) << true;
+    QTest::newRow("corner") << QPoint(-4, -4) << true;
+    QTest::newRow("6 right") << QPoint(6, 0) << false;
+    QTest::newRow("6 down") << QPoint(0, 6) << false;
+}
+
+void tst_ChartMarkers::hitTest()
+{
+    QFETCH(QPoint, offset);
+    QFETCH(bool, hit);
+    tcMarkedChart probe;
+    tcMarkerTable& table = probe.chart->markers();
+    const QUuid key = table.place({200, 100});
+    const tcStripMarker& marker = *table.find(key);
+    const QPoint centre = probe.pixel(marker.xValue(), marker.yValue());
+    QCOMPARE(table.markerAt(centre + offset), hit ? &marker : nullptr);
+    QCOMPARE(table.keyAt(centre + offset), hit ? key : QUuid());
+}
+
+void tst_ChartMarkers::hitTestOfOverlappingMarkersTakesTheFirstKey()
+{
+    tcMarkedChart probe;
+    tcMarkerTable& table = probe.chart->markers();
+    table.place({200, 100});
+    table.place({200, 100});
+    QCOMPARE(table.markerAt({200, 100}), table.markers().first());
+    QVERIFY(table.markerAt({200, 100}) != deepest(table));
+}
+
+void tst_ChartMarkers::deleteMenu()
+{
+    tcMarkedChart probe;
+    tcMarkerTable& table = probe.chart->markers();
+    probe.dialogs.textAnswer = QString("hot & %1");
+    probe.chart->markerRequest({200, 100});
+    const auto menu = table.menuFor(table.order().first());
+    QCOMPARE(menu->actions().size(), 1);
+    QCOMPARE(menu->actions().first()->text(), QString("Delete Marker \"hot && %1\""));
+    menu->actions().first()->trigger();
+    QVERIFY(table.markers().isEmpty());
+    QVERIFY(table.order().isEmpty());
+    QVERIFY(probe.plot->itemList(QwtPlotItem::Rtti_PlotMarker).size() == 2); // min and max
+    menu->actions().first()->trigger();
+    QVERIFY(table.menuFor(QUuid::createUuid())->isEmpty());
+}
+
+void tst_ChartMarkers::lineMarker()
+{
+    tcMarkedChart probe;
+    const QUuid id = probe.chart->addLineMarker("Set Point", 25.0);
+    tcStripMarker* line = probe.chart->marker(id);
+    QVERIFY(line);
+    QCOMPARE(probe.chart->markers().markers().value(id), line);
+    QCOMPARE(line->name(), QString("Set Point"));
+    QCOMPARE(line->lineStyle(), QwtPlotMarker::HLine);
+    QCOMPARE(line->label().text(), QString("Set Point 25.000"));
+    QVERIFY(probe.chart->setLineMarker(id, 18.25, QPen(Qt::red, 0.0, Qt::DashLine)));
+    QCOMPARE(line->yValue(), 18.25);
+    QCOMPARE(line->linePen().color(), QColor(Qt::red));
+    QCOMPARE(line->label().text(), QString("Set Point 18.250"));
+}
+
+void tst_ChartMarkers::lineMarkerOfUnknownIdentifier()
+{
+    tcMarkedChart probe;
+    QVERIFY(!probe.chart->setLineMarker(QUuid::createUuid(), 1.0, QPen()));
+    QVERIFY(!probe.chart->marker(QUuid()));
+}
+
+void tst_ChartMarkers::markerListDialog()
+{
+    tcMarkedChart probe;
+    tcMarkerTable& table = probe.chart->markers();
+    probe.dialogs.textAnswer = QString("hot");
+    probe.chart->markerRequest(probe.samplePixel());
+    table.place({30, 30});
+    probe.action("actionMarkers")->trigger();
+    auto* dialog = probe.child<tcMarkerInfo>("tcMarkerInfo");
+    QVERIFY(dialog);
+    QVERIFY(dialog->isVisible());
+    auto* rows = dialog->findChild<QFormLayout*>("formLayout");
+    QCOMPARE(rows->rowCount(), 2);
+    QSignalSpy reported(dialog, &tcMarkerInfo::markerChanged);
+    const QList<QUuid> keys = table.markers().keys();
+    for (int row = 0; row < 2; ++row) {
+        const tcStripMarker& marker = *table.find(keys.at(row));
+        auto* edit
+            = qobject_cast<QLineEdit*>(rows->itemAt(row, QFormLayout::FieldRole)->widget());
+        auto* label = qobject_cast<QLabel*>(rows->labelForField(edit));
+        QCOMPARE(edit->text(), marker.label().text());
+        if (marker.curve())
+            QCOMPARE(label->text(), QString("at 23:13:16.000,40.000"));
+        edit->setText(QString("text %1").arg(row));
+        QCOMPARE(marker.label().text(), QString("text %1").arg(row));
+        QCOMPARE(reported.size(), row + 1);
+        QCOMPARE(reported.last().first().toInt(), table.order().indexOf(keys.at(row)));
+    }
+    probe.action("actionMarkers")->trigger();
+    QCOMPARE(probe.chart->findChildren<tcMarkerInfo*>().size(), 1);
+}
+
+void tst_ChartMarkers::markerListFollowsItsMarkers()
+{
+    tcMarkedChart probe;
+    tcMarkerTable& table = probe.chart->markers();
+    const QUuid first = table.place({30, 30});
+    probe.action("actionMarkers")->trigger();
+    auto* rows = probe.child<QFormLayout>("formLayout");
+    const QUuid second = table.place({90, 30});
+    QCOMPARE(rows->rowCount(), 2);
+    table.remove(first);
+    QCOMPARE(rows->rowCount(), 1);
+    auto* edit = qobject_cast<QLineEdit*>(rows->itemAt(0, QFormLayout::FieldRole)->widget());
+    table.setText(second, "renamed");
+    QCOMPARE(edit->text(), QString("renamed"));
+    edit->setText("again");
+    QCOMPARE(table.find(second)->label().text(), QString("again"));
+}
+
+void tst_ChartMarkers::markerListSurvivesTheChart()
+{
+    tcMarkedChart probe;
+    probe.chart->markers().place({30, 30});
+    probe.action("actionMarkers")->trigger();
+    probe.chart.reset();
+    QVERIFY(!probe.a->plot());
+}
+
+void tst_ChartMarkers::markerChangedOfUnknownNumber()
+{
+    tcMarkedChart probe;
+    probe.settle();
+    tcPaintCounter counter(probe.plot->canvas());
+    probe.chart->markerChanged(-1);
+    probe.chart->markerChanged(7);
+    QCoreApplication::processEvents();
+    QCOMPARE(counter.count, 0);
+    probe.chart->markers().place({30, 30});
+    QTRY_COMPARE(counter.count, 1);
+    probe.chart->markerChanged(0);
+    QTRY_COMPARE(counter.count, 2);
+}
+
+void tst_ChartMarkers::tenThousandMarkers()
+{
+    tcMarkedChart probe;
+    tcMarkerTable& table = probe.chart->markers();
+    for (int i = 0; i < 10000; ++i) {
+        auto marker = std::make_unique<tcStripPointMarker>(QString());
+        marker->setPointWithLabel({cT - i, i / 100.0});
+        table.add(std::move(marker));
+    }
+    QCOMPARE(table.order().size(), 10000);
+    probe.chart->tick();
+    QVERIFY(!probe.chart->grab().isNull());
+    const QPoint pos = probe.pixel(cT - 5000, 50.0);
+    QVERIFY(table.markerAt(pos));
+    table.remove(table.keyAt(pos));
+    QCOMPARE(table.markers().size(), 9999);
+}
+
+QTEST_MAIN(tst_ChartMarkers)
+#include "tst_chartmarkers.moc"

@@ -1,0 +1,666 @@
+#include "stripchart/tcAxisChooser.h"
+#include "stripchart/tcMarkerTable.h"
+#include "stripchart/tcMinMaxLines.h"
+#include "tests/stripchart/tcChartProbe.h"
+#include "tests/support/tcScriptedDialogs.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMenu>
+#include <QPointer>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTabWidget>
+#include <QtTest>
+#include <qwt_plot_canvas.h>
+#include <qwt_plot_grid.h>
+
+namespace
+{
+constexpr const char* cSeparator = "-";
+
+QStringList texts(const QMenu& acMenu)
+{
+    QStringList result;
+    for (const QAction* action : acMenu.actions())
+        result += action->isSeparator() ? cSeparator : action->text();
+    return result;
+}
+
+QAction* entry(const QMenu& acMenu, const QString& acText)
+{
+    for (QAction* action : acMenu.actions())
+        if (action->text() == acText)
+            return action;
+    return nullptr;
+}
+
+struct tcThreeCurves : tcChartProbe
+{
+    tcThreeCurves()
+    {
+        a = curve("A", 0);
+        b = curve("B", 1);
+        c = curve("C", 2);
+        key = chart->addCurve(a.get());
+        chart->addCurve(b.get(), key);
+        chart->addCurve(c.get(), key);
+        show();
+    }
+    QPoint at(QwtPlotItem* apItem) const
+    {
+        return label(apItem)->mapTo(legend, label(apItem)->rect().center());
+    }
+    std::unique_ptr<QMenu> menuOf(QwtPlotItem* apItem) const
+    {
+        return chart->legendMenu(at(apItem));
+    }
+    QPoint beside() const { return legend->rect().bottomLeft() - QPoint(-2, 2); }
+
+    std::unique_ptr<tcStripCurve> a;
+    std::unique_ptr<tcStripCurve> b;
+    std::unique_ptr<tcStripCurve> c;
+    QUuid key;
+    tcScriptedDialogs dialogs;
+};
+
+// The menu that stands open, wherever it came from.
+QMenu* openMenu()
+{
+    return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+}
+} // namespace
+
+class tst_ChartMenus : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QGuiApplication::setApplicationDisplayName("Vexa Tarvik"); }
+    void formActions_data();
+    void formActions();
+    void leftPanelTexts_data();
+    void leftPanelTexts();
+    void buttonsShowTheirActions();
+    void buttonsTriggerTheirActions_data();
+    void buttonsTriggerTheirActions();
+    void gridActions();
+    void leftPanelAction();
+    void plotMenuInItsOrder();
+    void plotMenuWithMinMaxCurve();
+    void plotMenuEndsWithOwnActions();
+    void plotMenuOpensAtThePosition();
+    void copyPutsThePlotOnTheClipboard();
+    void addMarkerHereUsesCanvasPixels();
+    void resetEntry();
+    void axisChooser();
+    void axisChooserOutlivesItsCurves();
+    void axisChooserScrollsManyCurves();
+    void chartDestroyedWhilePlotMenuIsOpen();
+    void chartDestroyedWhileLegendMenuIsOpen();
+    void chartDestroyedFromAMenuEntry();
+    void legendMenuBesideLabels();
+    void legendMenuOnALabel();
+    void legendMenuEscapesAmpersands();
+    void legendMenuOpensOnRequest();
+    void hideAllAndShowAll();
+    void hideAllExcept();
+    void legendCheckBoxHidesTheCurve();
+    void minMaxFromTheLegend();
+    void resetMinMaxFromTheLegend();
+    void autoscaleFromTheLegend();
+    void renameChangesTheLegend();
+    void renameToNothingIsIgnored();
+    void renamedCurveKeepsItsCheckMark();
+    void curveDestroyedWhileRenaming();
+    void chartDestroyedWhileRenaming();
+    void curveDestroyedWhileItsMenuIsOpen();
+    void curveMovedAndHiddenWhileItsMenuIsOpen();
+    void staleLegendInformationIsIgnored();
+    void legendClickHasNoEffect();
+    void longNamesAreCut();
+};
+
+void tst_ChartMenus::formActions_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("toolTip");
+    QTest::addColumn<bool>("checkable");
+    QTest::addColumn<bool>("checked");
+    QTest::newRow("actionGrid") << "Grid"
+                                << "Show/Hide the grid" << true << true;
+    QTest::newRow("actionZoom_Out") << "Zoom Out"
+                                    << "" << false << false;
+    QTest::newRow("actionAutoScale_Y")
+        << "AutoScale Y"
+        << "Set Y extents based on displayed curves" << false << false;
+    QTest::newRow("actionMinor_Grid") << "Minor Grid"
+                                      << "Show the grid minor ticks" << true << false;
+    QTest::newRow("actionShow_X_Axis") << "Show X Axis"
+                                       << "" << true << true;
+    QTest::newRow("actionPause_Updates") << "Pause Updates"
+                                         << "Pause plot updates" << true << false;
+    QTest::newRow("actionShow_ms") << "Show ms"
+                                   << "show milliseconds on X (time) axis" << true << false;
+    QTest::newRow("actionShow_Left") << "Show Left Panel"
+                                     << "Show Left Panel controls" << true << true;
+    QTest::newRow("actionSave") << "Save"
+                                << "Save data to a CSV file..." << false << false;
+    QTest::newRow("actionShow_Min_Max_Markers")
+        << "Show Min Max Markers"
+        << "Show Markers at Min and Max Y values" << true << false;
+    QTest::newRow("actionClear_Samples")
+        << "Clear Samples"
+        << "Reset and clear all samples from plot" << false << false;
+    QTest::newRow("actionAutoScale_X")
+        << "AutoScale X"
+        << "Set X extents based on displayed curves" << false << false;
+    QTest::newRow("actionReset_Min_Max") << "Reset Min/Max"
+                                         << "Reset the Min/Max values" << false << false;
+    QTest::newRow("actionAutoScale_Y2")
+        << "AutoScale Y2"
+        << "Set Y2 extents based on displayed curves" << false << false;
+    QTest::newRow("actionLoad_from_File") << "Load from File"
+                                          << "Load data from a CSV file" << false << false;
+    QTest::newRow("actionResume_Feed") << "Resume Feed"
+                                       << "Go back to live updates" << false << false;
+    QTest::newRow("actionMarkers") << "Markers"
+                                   << "" << false << false;
+}
+
+void tst_ChartMenus::formActions()
+{
+    QFETCH(QString, toolTip);
+    tcChartProbe probe;
+    const QAction* action = probe.action(QTest::currentDataTag());
+    QVERIFY(action);
+    QTEST(action->text(), "text");
+    QCOMPARE(action->toolTip(), toolTip.isEmpty() ? action->text() : toolTip);
+    QTEST(action->isCheckable(), "checkable");
+    QTEST(action->isChecked(), "checked");
+}
+
+void tst_ChartMenus::leftPanelTexts_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("toolButtonAutoScaleY") << "AutoScale";
+    QTest::newRow("toolButtonAutoScaleY2") << "AutoScale";
+    QTest::newRow("toolButtonAutoScaleX") << "AutoScale";
+    QTest::newRow("toolButton_showMs") << "Show X ms";
+    QTest::newRow("toolButton_showX") << "Show X Axis";
+    QTest::newRow("toolButtonClear") << "Clear Samples";
+    QTest::newRow("toolButtonMarkers") << "Markers...";
+    QTest::newRow("pushButton_getYLimits") << "get Y limits";
+    QTest::newRow("toolButton_Save") << "Save to File...";
+}
+
+void tst_ChartMenus::leftPanelTexts()
+{
+    tcChartProbe probe;
+    const auto* button = probe.child<QAbstractButton>(QTest::currentDataTag());
+    QVERIFY(button);
+    QTEST(button->text(), "text");
+    QVERIFY(probe.child<QWidget>("widgetLeft")->isAncestorOf(button));
+    QCOMPARE(probe.child<QGroupBox>("groupBoxLegend")->title(), QString("Items"));
+    QCOMPARE(probe.child<QGroupBox>("groupBoxAxes")->title(), QString("Axes"));
+    const auto* tabs = probe.child<QTabWidget>("tabWidgetAxes");
+    QCOMPARE(tabs->tabText(tabs->indexOf(probe.child<QWidget>("tabYLeft"))), QString("Left"));
+    QCOMPARE(tabs->tabText(tabs->indexOf(probe.child<QWidget>("tabYRight"))), QString("Right"));
+    QCOMPARE(tabs->tabText(2), QString("X Axis"));
+    QStringList labels;
+    for (const QLabel* label : tabs->findChildren<QLabel*>())
+        labels += label->text();
+    labels.sort();
+    QCOMPARE(labels, (QStringList{"Max", "Max", "Min", "Min", "Samples", "Span(s)"}));
+}
+
+void tst_ChartMenus::buttonsShowTheirActions()
+{
+    tcChartProbe probe;
+    QCOMPARE(probe.child<QToolButton>("toolButton_Pause")->defaultAction(),
+             probe.action("actionPause_Updates"));
+    QCOMPARE(probe.child<QToolButton>("toolButton_Log")->defaultAction(),
+             probe.chart->logAction());
+    QCOMPARE(probe.child<QToolButton>("toolButton_Load")->defaultAction(),
+             probe.action("actionLoad_from_File"));
+}
+
+void tst_ChartMenus::buttonsTriggerTheirActions_data()
+{
+    QTest::addColumn<QString>("action");
+    QTest::newRow("toolButtonAutoScaleY") << "actionAutoScale_Y";
+    QTest::newRow("toolButtonAutoScaleY2") << "actionAutoScale_Y2";
+    QTest::newRow("toolButtonAutoScaleX") << "actionAutoScale_X";
+    QTest::newRow("toolButtonClear") << "actionClear_Samples";
+    QTest::newRow("toolButtonMarkers") << "actionMarkers";
+    QTest::newRow("toolButton_Save") << "actionSave";
+}
+
+void tst_ChartMenus::buttonsTriggerTheirActions()
+{
+    QFETCH(QString, action);
+    tcScriptedDialogs dialogs;
+    tcChartProbe probe;
+    QSignalSpy triggered(probe.action(qPrintable(action)), &QAction::triggered);
+    probe.child<QAbstractButton>(QTest::currentDataTag())->click();
+    QCOMPARE(triggered.size(), 1);
+}
+
+void tst_ChartMenus::gridActions()
+{
+    tcChartProbe probe;
+    const auto* grid
+        = static_cast<QwtPlotGrid*>(probe.plot->itemList(QwtPlotItem::Rtti_PlotGrid).first());
+    probe.action("actionGrid")->setChecked(false);
+    QVERIFY(!grid->isVisible());
+    probe.action("actionGrid")->setChecked(true);
+    QVERIFY(grid->isVisible());
+    probe.action("actionMinor_Grid")->setChecked(true);
+    QVERIFY(grid->xMinEnabled() && grid->yMinEnabled());
+    probe.action("actionMinor_Grid")->setChecked(false);
+    QVERIFY(!grid->xMinEnabled() && !grid->yMinEnabled());
+}
+
+void tst_ChartMenus::leftPanelAction()
+{
+    tcChartProbe probe;
+    probe.action("actionShow_Left")->setChecked(false);
+    QVERIFY(probe.child<QWidget>("widgetLeft")->isHidden());
+    probe.action("actionShow_Left")->setChecked(true);
+    QVERIFY(!probe.child<QWidget>("widgetLeft")->isHidden());
+}
+
+void tst_ChartMenus::plotMenuInItsOrder()
+{
+    tcChartProbe probe;
+    QCOMPARE(
+        texts(*probe.chart->plotMenu({10, 10})),
+        (QStringList{
+            "Pause Updates", "Grid",         "Minor Grid",      "Zoom Out", "Clear Samples",
+            "AutoScale Y",   "AutoScale Y2", "Assign Axis...",  "Markers",  "Add marker here",
+            "AutoScale X",   "Show X Axis",  "Show Left Panel", "Save",     "Copy",
+            "Save PNG",      "Log Data...",  cSeparator,        "Reset",    cSeparator}));
+}
+
+void tst_ChartMenus::plotMenuWithMinMaxCurve()
+{
+    tcThreeCurves probe;
+    entry(*probe.menuOf(probe.a.get()), "Show Min/Max markers for A")->trigger();
+    QCOMPARE(texts(*probe.chart->plotMenu({10, 10})).mid(0, 6),
+             (QStringList{"Pause Updates", "Grid", "Minor Grid", "Show Min Max Markers",
+                          "Reset Min/Max", "Zoom Out"}));
+}
+
+void tst_ChartMenus::plotMenuEndsWithOwnActions()
+{
+    tcChartProbe probe;
+    QAction own("Own");
+    probe.chart->addAction(&own);
+    QCOMPARE(probe.chart->plotMenu({10, 10})->actions().last(), &own);
+}
+
+void tst_ChartMenus::plotMenuOpensAtThePosition()
+{
+    tcThreeCurves probe;
+    probe.chart->slot_CustomContextMenu({100, 50});
+    QPointer<QMenu> menu = openMenu();
+    QVERIFY(menu);
+    QCOMPARE(menu->pos(), probe.plot->mapToGlobal({100, 50}));
+    menu->close();
+    QTRY_VERIFY(!menu);
+}
+
+void tst_ChartMenus::copyPutsThePlotOnTheClipboard()
+{
+    tcThreeCurves probe;
+    QGuiApplication::clipboard()->clear();
+    entry(*probe.chart->plotMenu({10, 10}), "Copy")->trigger();
+    QCOMPARE(QGuiApplication::clipboard()->pixmap().size(), probe.plot->size());
+}
+
+void tst_ChartMenus::addMarkerHereUsesCanvasPixels()
+{
+    tcThreeCurves probe;
+    const QPoint onCanvas(60, 40);
+    const QPoint onPlot = probe.plot->canvas()->mapTo(probe.plot, onCanvas);
+    QVERIFY(onPlot != onCanvas);
+    entry(*probe.chart->plotMenu(onPlot), "Add marker here")->trigger();
+    QVERIFY(probe.chart->markers().markerAt(onCanvas));
+    QCOMPARE(probe.dialogs.asked.size(), 1);
+}
+
+void tst_ChartMenus::resetEntry()
+{
+    tcThreeCurves probe;
+    entry(*probe.chart->plotMenu({10, 10}), "Reset")->trigger();
+    QVERIFY(probe.chart->curves().isEmpty());
+    QVERIFY(!probe.a->plot());
+}
+
+void tst_ChartMenus::axisChooser()
+{
+    tcThreeCurves probe;
+    probe.chart->assignAxis(probe.b.get(), 1);
+    entry(*probe.chart->plotMenu({10, 10}), "Assign Axis...")->trigger();
+    auto* dialog = probe.child<tcAxisChooser>("tcAxisChooser");
+    QVERIFY(dialog);
+    QVERIFY(dialog->width() >= 145 && dialog->height() >= 109);
+    auto* rows = dialog->findChild<QFormLayout*>("formLayout");
+    QCOMPARE(rows->rowCount(), 3);
+    const QVector<tcStripCurve*> curves{probe.a.get(), probe.b.get(), probe.c.get()};
+    for (int row = 0; row < 3; ++row) {
+        auto* box
+            = qobject_cast<QComboBox*>(rows->itemAt(row, QFormLayout::FieldRole)->widget());
+        auto* label
+            = qobject_cast<QLabel*>(rows->itemAt(row, QFormLayout::LabelRole)->widget());
+        QCOMPARE(label->text(), curves.at(row)->title().text());
+        QCOMPARE(box->count(), 2);
+        QCOMPARE(box->itemText(0), QString("Left"));
+        QCOMPARE(box->itemText(1), QString("Right"));
+        QCOMPARE(box->currentIndex(), row == 1 ? 1 : 0);
+        QCOMPARE(box->property("curve").value<tcStripCurve*>(), curves.at(row));
+        box->setCurrentIndex(1 - box->currentIndex());
+    }
+    QCOMPARE(probe.a->yAxis(), int(QwtPlot::yRight));
+    QCOMPARE(probe.b->yAxis(), int(QwtPlot::yLeft));
+    QCOMPARE(probe.c->yAxis(), int(QwtPlot::yRight));
+    QVERIFY(probe.plot->axisEnabled(QwtPlot::yRight));
+}
+
+void tst_ChartMenus::axisChooserOutlivesItsCurves()
+{
+    tcThreeCurves probe;
+    entry(*probe.chart->plotMenu({10, 10}), "Assign Axis...")->trigger();
+    QPointer<tcAxisChooser> dialog = probe.child<tcAxisChooser>("tcAxisChooser");
+    auto* rows = dialog->findChild<QFormLayout*>("formLayout");
+    probe.b.reset();
+    QCOMPARE(rows->rowCount(), 2);
+    probe.chart->resetData();
+    QCOMPARE(rows->rowCount(), 0);
+    probe.chart.reset();
+    QVERIFY(!dialog);
+}
+
+void tst_ChartMenus::axisChooserScrollsManyCurves()
+{
+    tcChartProbe probe;
+    std::vector<std::unique_ptr<tcStripCurve>> many;
+    for (int i = 0; i < 100; ++i) {
+        many.push_back(probe.curve(QString("Curve %1").arg(i)));
+        probe.chart->addCurve(many.back().get());
+    }
+    entry(*probe.chart->plotMenu({10, 10}), "Assign Axis...")->trigger();
+    const auto* dialog = probe.child<tcAxisChooser>("tcAxisChooser");
+    QVERIFY(dialog->height() <= dialog->screen()->availableSize().height());
+    QCOMPARE(dialog->findChildren<QComboBox*>().size(), 100);
+    probe.chart.reset();
+}
+
+void tst_ChartMenus::chartDestroyedWhilePlotMenuIsOpen()
+{
+    tcThreeCurves probe;
+    probe.chart->slot_CustomContextMenu({100, 50});
+    QPointer<QMenu> menu = openMenu();
+    QVERIFY(menu);
+    probe.chart.reset();
+    QVERIFY(!menu);
+    QVERIFY(!openMenu());
+}
+
+void tst_ChartMenus::chartDestroyedWhileLegendMenuIsOpen()
+{
+    tcThreeCurves probe;
+    probe.chart->slot_LegendContextMenu(probe.at(probe.b.get()));
+    QPointer<QMenu> menu = openMenu();
+    QVERIFY(menu);
+    probe.chart.reset();
+    QVERIFY(!menu);
+}
+
+void tst_ChartMenus::chartDestroyedFromAMenuEntry()
+{
+    tcThreeCurves probe;
+    QAction own("Close for good");
+    probe.chart->addAction(&own);
+    connect(&own, &QAction::triggered, this, [&] { probe.chart.release()->deleteLater(); });
+    probe.chart->slot_CustomContextMenu({100, 50});
+    QPointer<QMenu> menu = openMenu();
+    QVERIFY(menu);
+    own.trigger();
+    QTRY_VERIFY(!menu);
+    QVERIFY(!probe.a->plot());
+}
+
+void tst_ChartMenus::legendMenuBesideLabels()
+{
+    tcThreeCurves probe;
+    QCOMPARE(texts(*probe.chart->legendMenu(probe.beside())),
+             (QStringList{"Hide all", "Show all"}));
+}
+
+void tst_ChartMenus::legendMenuOnALabel()
+{
+    tcThreeCurves probe;
+    QCOMPARE(
+        texts(*probe.menuOf(probe.b.get())),
+        (QStringList{"Hide all", "Show all", "Hide all except B", "Show Min/Max markers for B",
+                     "Reset Min/Max markers for B", "Autoscale for B", "Rename B"}));
+}
+
+void tst_ChartMenus::legendMenuEscapesAmpersands()
+{
+    tcThreeCurves probe;
+    probe.b->setTitle(QString("B & %1"));
+    QCOMPARE(texts(*probe.menuOf(probe.b.get())).at(2), QString("Hide all except B && %1"));
+}
+
+void tst_ChartMenus::legendMenuOpensOnRequest()
+{
+    tcThreeCurves probe;
+    QContextMenuEvent request(QContextMenuEvent::Mouse, probe.at(probe.b.get()),
+                              probe.legend->mapToGlobal(probe.at(probe.b.get())));
+    QApplication::sendEvent(probe.legend, &request);
+    QPointer<QMenu> menu = openMenu();
+    QVERIFY(menu);
+    QCOMPARE(texts(*menu).last(), QString("Rename B"));
+    menu->close();
+}
+
+void tst_ChartMenus::hideAllAndShowAll()
+{
+    tcThreeCurves probe;
+    entry(*probe.chart->legendMenu(probe.beside()), "Hide all")->trigger();
+    for (tcStripCurve* curve : probe.chart->curves()) {
+        QVERIFY(!curve->isVisible());
+        QVERIFY(!probe.label(curve)->isChecked());
+    }
+    entry(*probe.chart->legendMenu(probe.beside()), "Show all")->trigger();
+    for (tcStripCurve* curve : probe.chart->curves()) {
+        QVERIFY(curve->isVisible());
+        QVERIFY(probe.label(curve)->isChecked());
+    }
+}
+
+void tst_ChartMenus::hideAllExcept()
+{
+    tcThreeCurves probe;
+    entry(*probe.menuOf(probe.a.get()), "Hide all except A")->trigger();
+    for (tcStripCurve* curve : probe.chart->curves()) {
+        QCOMPARE(curve->isVisible(), curve == probe.a.get());
+        QCOMPARE(probe.label(curve)->isChecked(), curve == probe.a.get());
+    }
+}
+
+void tst_ChartMenus::legendCheckBoxHidesTheCurve()
+{
+    tcThreeCurves probe;
+    QTest::mouseClick(probe.label(probe.b.get()), Qt::LeftButton);
+    QVERIFY(!probe.b->isVisible());
+    QVERIFY(!probe.label(probe.b.get())->isChecked());
+    QTest::mouseClick(probe.label(probe.b.get()), Qt::LeftButton);
+    QVERIFY(probe.b->isVisible());
+    QVERIFY(probe.label(probe.b.get())->isChecked());
+}
+
+void tst_ChartMenus::minMaxFromTheLegend()
+{
+    tcThreeCurves probe;
+    probe.b->addSample(1000, 7.0);
+    entry(*probe.menuOf(probe.b.get()), "Show Min/Max markers for B")->trigger();
+    const tcMinMaxLines& lines = probe.chart->minMaxLines();
+    QVERIFY(probe.action("actionShow_Min_Max_Markers")->isChecked());
+    QVERIFY(lines.minLine().isVisible() && lines.maxLine().isVisible());
+    QCOMPARE(lines.minLine().curve(), probe.b.get());
+    QCOMPARE(lines.maxLine().curve(), probe.b.get());
+    QCOMPARE(lines.minLine().yValue(), 7.0);
+    QCOMPARE(lines.minLine().linePen().color(), probe.b->pen().color());
+}
+
+void tst_ChartMenus::resetMinMaxFromTheLegend()
+{
+    tcThreeCurves probe;
+    probe.b->addSample(1000, 7.0);
+    entry(*probe.menuOf(probe.b.get()), "Show Min/Max markers for B")->trigger();
+    probe.b->clear();
+    probe.b->addSample(1000, 9.0);
+    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), 7.0);
+    entry(*probe.menuOf(probe.c.get()), "Reset Min/Max markers for C")->trigger();
+    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), 9.0);
+    QCOMPARE(probe.chart->minMaxLines().maxLine().yValue(), 9.0);
+}
+
+void tst_ChartMenus::autoscaleFromTheLegend()
+{
+    tcThreeCurves probe;
+    probe.a->addSample(1000, 900.0);
+    probe.b->addSample(1000, 3.2);
+    probe.b->addSample(1000, 47.9);
+    entry(*probe.menuOf(probe.b.get()), "Autoscale for B")->trigger();
+    QCOMPARE(probe.shown(QwtPlot::yLeft), QwtInterval(0.0, 50.0));
+    probe.chart->assignAxis(probe.b.get(), 1);
+    entry(*probe.menuOf(probe.b.get()), "Autoscale for B")->trigger();
+    QCOMPARE(probe.shown(QwtPlot::yRight), QwtInterval(0.0, 50.0));
+}
+
+void tst_ChartMenus::renameChangesTheLegend()
+{
+    tcThreeCurves probe;
+    probe.dialogs.textAnswer = QString("Oven");
+    entry(*probe.menuOf(probe.b.get()), "Rename B")->trigger();
+    QCOMPARE(probe.dialogs.asked.first().text, QString("Curve Title:"));
+    QCOMPARE(probe.dialogs.asked.first().detail, QString("B"));
+    QCOMPARE(probe.b->title().text(), QString("Oven"));
+    QCOMPARE(probe.label(probe.b.get())->text().text(), QString("Oven"));
+}
+
+void tst_ChartMenus::renameToNothingIsIgnored()
+{
+    tcThreeCurves probe;
+    probe.dialogs.textAnswer = QString();
+    entry(*probe.menuOf(probe.b.get()), "Rename B")->trigger();
+    QCOMPARE(probe.b->title().text(), QString("B"));
+    probe.dialogs.textAnswer.reset();
+    entry(*probe.menuOf(probe.b.get()), "Rename B")->trigger();
+    QCOMPARE(probe.b->title().text(), QString("B"));
+}
+
+void tst_ChartMenus::renamedCurveKeepsItsCheckMark()
+{
+    tcThreeCurves probe;
+    QTest::mouseClick(probe.label(probe.b.get()), Qt::LeftButton);
+    probe.b->setTitle(QString("Renamed by its maker"));
+    QVERIFY(!probe.label(probe.b.get())->isChecked());
+    probe.a->setTitle(QString("Renamed too"));
+    QVERIFY(probe.label(probe.a.get())->isChecked());
+}
+
+void tst_ChartMenus::curveDestroyedWhileRenaming()
+{
+    tcThreeCurves probe;
+    probe.dialogs.textAnswer = QString("late");
+    probe.dialogs.whileOpen = [&] { probe.b.reset(); };
+    entry(*probe.menuOf(probe.b.get()), "Rename B")->trigger();
+    QCOMPARE(probe.chart->curves().size(), 2);
+}
+
+void tst_ChartMenus::chartDestroyedWhileRenaming()
+{
+    tcThreeCurves probe;
+    probe.dialogs.textAnswer = QString("late");
+    probe.dialogs.whileOpen = [&] { probe.chart.reset(); };
+    probe.chart->slot_LegendContextMenu(probe.at(probe.b.get()));
+    entry(*openMenu(), "Rename B")->trigger();
+    QCOMPARE(probe.b->title().text(), QString("B"));
+}
+
+void tst_ChartMenus::curveDestroyedWhileItsMenuIsOpen()
+{
+    tcThreeCurves probe;
+    probe.chart->slot_LegendContextMenu(probe.at(probe.b.get()));
+    QPointer<QMenu> menu = openMenu();
+    QVERIFY(menu);
+    const QList<QAction*> entries = menu->actions();
+    probe.b.reset();
+    QVERIFY(!menu->isVisible());
+    for (QAction* action : entries)
+        action->trigger();
+    QVERIFY(probe.dialogs.asked.isEmpty());
+    QVERIFY(!probe.chart->minMaxLines().isFollowing());
+    QTRY_VERIFY(!menu);
+}
+
+void tst_ChartMenus::curveMovedAndHiddenWhileItsMenuIsOpen()
+{
+    tcThreeCurves probe;
+    probe.b->addSample(1000, 3.2);
+    probe.b->addSample(1000, 47.9);
+    const auto menu = probe.menuOf(probe.b.get());
+    probe.chart->assignAxis(probe.b.get(), 1);
+    entry(*menu, "Autoscale for B")->trigger();
+    QCOMPARE(probe.shown(QwtPlot::yRight), QwtInterval(0.0, 50.0));
+    const QwtInterval left = probe.shown(QwtPlot::yLeft);
+    probe.b->setVisible(false);
+    probe.chart->assignAxis(probe.b.get(), 0);
+    entry(*menu, "Autoscale for B")->trigger();
+    QCOMPARE(probe.shown(QwtPlot::yLeft), left); // a hidden curve counts for nothing
+}
+
+void tst_ChartMenus::staleLegendInformationIsIgnored()
+{
+    tcThreeCurves probe;
+    const QVariant info = probe.plot->itemToInfo(probe.b.get());
+    probe.b.reset();
+    probe.chart->slot_LegendItemChecked(info, false, 0);
+    probe.chart->slot_LegendItemClicked(info, 0);
+    probe.chart->slot_LegendItemChecked(QVariant(), false, 0);
+    QVERIFY(probe.a->isVisible() && probe.c->isVisible());
+}
+
+void tst_ChartMenus::legendClickHasNoEffect()
+{
+    tcThreeCurves probe;
+    probe.chart->slot_LegendItemClicked(probe.plot->itemToInfo(probe.b.get()), 0);
+    QVERIFY(probe.b->isVisible());
+    QVERIFY(probe.label(probe.b.get())->isChecked());
+}
+
+void tst_ChartMenus::longNamesAreCut()
+{
+    tcThreeCurves probe;
+    const QString name("A name that no legend beside a plot could ever show in one line");
+    const int before = probe.child<QWidget>("widgetLeft")->width();
+    probe.b->setTitle(name);
+    probe.chart->grab();
+    QCOMPARE(probe.child<QWidget>("widgetLeft")->width(), before);
+    QVERIFY(!probe.legend->horizontalScrollBar()->isVisible());
+    QCOMPARE(probe.label(probe.b.get())->toolTip(), name);
+    QCOMPARE(probe.label(probe.a.get())->toolTip(), QString());
+}
+
+QTEST_MAIN(tst_ChartMenus)
+#include "tst_chartmenus.moc"
