@@ -9,6 +9,7 @@
 #include "camera/tcHelpDelegate.h"
 #include "camera/tcLogView.h"
 #include "camera/tcReceiver.h"
+#include "camera/tcSensorMonitor.h"
 #include "ui_VexaK40.h"
 #include "widgets/tcDialogs.h"
 
@@ -73,9 +74,16 @@ tcVexaK40::tcVexaK40(teCmvType aeType, QWidget* apParent)
     connectCommands();
     connectPresets();
     connectReceiving();
+    connectSensors();
 }
 
-tcVexaK40::~tcVexaK40() = default;
+tcVexaK40::~tcVexaK40()
+{
+    // Its sources take a moment to stop, in which timers and the chart still work.
+    mRxTimer.stop();
+    mKeepAliveTimer.stop();
+    mSensors.reset();
+}
 
 void tcVexaK40::setUpViews()
 {
@@ -146,6 +154,40 @@ void tcVexaK40::connectReceiving()
             [this] { handleReply(mForm->CommandCB->currentText()); });
     connect(mForm->keepAlivePB, &QPushButton::toggled, this,
             [this](bool abOn) { abOn ? mKeepAliveTimer.start() : mKeepAliveTimer.stop(); });
+}
+
+void tcVexaK40::connectSensors()
+{
+    mSensors = std::make_unique<tcSensorMonitor>(
+        tcSensorMonitor::tcControls{mForm->sensorsLW, mForm->tempsPB, mForm->pollSecSB,
+                                    mForm->simSensorsPB, mForm->addSensorTB},
+        nullptr);
+    connect(mForm->tempsPB, &QPushButton::clicked, this, &tcVexaK40::showTemps);
+    connect(this, &tcVexaK40::sensorReading, mSensors.get(), &tcSensorMonitor::addReading);
+    connect(this, &tcVexaK40::coolerState, mSensors.get(), &tcSensorMonitor::showSetPoint);
+    connect(mSensors.get(), &tcSensorMonitor::command, this, &tcVexaK40::writeCommand);
+    connect(mSensors.get(), &tcSensorMonitor::simulatedReply, this, &tcVexaK40::handleReply);
+    connect(mSensors.get(), &tcSensorMonitor::message, this, &tcVexaK40::addText);
+}
+
+void tcVexaK40::showTemps(bool abOn)
+{
+    mSensors->showTemps(abOn);
+}
+
+void tcVexaK40::tempTimerCallback()
+{
+    mSensors->pollAll();
+}
+
+void tcVexaK40::requestTemp(int anIndex)
+{
+    mSensors->requestTemp(anIndex);
+}
+
+void tcVexaK40::addOmegaMonitor()
+{
+    mSensors->addOmegaMonitor();
 }
 
 QString tcVexaK40::name() const

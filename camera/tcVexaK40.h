@@ -11,6 +11,7 @@
 
 class tcLogView;
 class tcReceiver;
+class tcSensorMonitor;
 
 namespace Ui
 {
@@ -55,6 +56,13 @@ public Q_SLOTS:
     void addText(const QString& arText);
     /// Applies the length rule to the log.
     void onTextChanged();
+    /// Plots the checked sensors and sources from now on, or stops.
+    void showTemps(bool abOn);
+    /// Asks for one reading of each plotted sensor.
+    void tempTimerCallback();
+    void requestTemp(int anIndex);
+    /// Lets the operator add a serial thermometer to the sensor list.
+    void addOmegaMonitor();
 
 private:
     void setUpViews();
@@ -62,6 +70,7 @@ private:
     void connectCommands();
     void connectPresets();
     void connectReceiving();
+    void connectSensors();
 
     void send(const QString& acText);
     void remember(const QString& acText);
@@ -84,8 +93,9 @@ private:
     std::unique_ptr<Ui::VexaK40> mForm;
     teCmvType mType;
     tcPresetList mPresets;
-    tcReceiver* mReceiver;     ///< child
-    tcLogView* mLog = nullptr; ///< child of its view
+    tcReceiver* mReceiver;                     ///< child
+    std::unique_ptr<tcSensorMonitor> mSensors; ///< goes before the form that it works on
+    tcLogView* mLog = nullptr;                 ///< child of its view
     QTimer mRxTimer;
     QTimer mKeepAliveTimer;
     QTimer mHexTimer; ///< one hex view for all that came in one pass of the event loop
