@@ -16,11 +16,18 @@ constexpr int cStopChecks = 10;
 constexpr int cStopCheckMs = 100;
 constexpr int cStopSliceMs = 10; ///< how long the window may stand still meanwhile
 
+/// Guards what the workers and the pool's threads have in common. One for all of them: that of
+/// a worker could go away with it.
+std::mutex& common()
+{
+    static auto* mutex = new std::mutex;
+    return *mutex;
+}
+
 /// The limit is read and written back, so changes of ours must not overlap.
 void changePoolLimit(int anBy)
 {
-    static std::mutex mutex;
-    const std::lock_guard lock(mutex);
+    const std::lock_guard lock(common());
     QThreadPool* pool = QThreadPool::globalInstance();
     pool->setMaxThreadCount(pool->maxThreadCount() + anBy);
 }
@@ -37,7 +44,7 @@ tcDeviceWorker::~tcDeviceWorker() = default;
 void tcDeviceWorker::start()
 {
     {
-        const std::lock_guard lock(mMutex);
+        const std::lock_guard lock(common());
         if (mInPool || mLetGo)
             return;
         mInPool = true;
@@ -51,7 +58,7 @@ void tcDeviceWorker::start()
 bool tcDeviceWorker::stop()
 {
     {
-        const std::lock_guard lock(mMutex);
+        const std::lock_guard lock(common());
         // A loop that ended without finishing is waited for like one that is stuck.
         if (!mInPool && (mLink->isFinished() || !mLink->wasStarted()))
             return true;
@@ -60,7 +67,7 @@ bool tcDeviceWorker::stop()
     if (QThreadPool::globalInstance()->tryTake(this)) {
         changePoolLimit(-1);
         mLink->setFinished();
-        const std::lock_guard lock(mMutex);
+        const std::lock_guard lock(common());
         mInPool = false;
         mSelf.reset(); // never the last one: whoever calls holds one
         return true;
@@ -68,7 +75,7 @@ bool tcDeviceWorker::stop()
     if (waitFinished())
         return true;
     {
-        const std::lock_guard lock(mMutex);
+        const std::lock_guard lock(common());
         mLetGo = true;
     }
     mLink->letGo();
@@ -92,7 +99,7 @@ void tcDeviceWorker::run()
 {
     std::shared_ptr<tcDeviceWorker> self;
     {
-        const std::lock_guard lock(mMutex);
+        const std::lock_guard lock(common());
         self = std::move(mSelf);
     }
     try {
@@ -111,6 +118,6 @@ void tcDeviceWorker::run()
         mLink->setFinished();
     }
     changePoolLimit(-1);
-    const std::lock_guard lock(mMutex);
+    const std::lock_guard lock(common());
     mInPool = false;
 }

@@ -45,7 +45,7 @@ protected:
 private:
     bool waitFinished();
 
-    std::mutex mMutex;
+    // Under a lock common to all workers.
     std::shared_ptr<tcDeviceWorker> mSelf; ///< of the pool, until a thread of it takes over
     bool mInPool = false;
     bool mLetGo = false; ///< its loop may still run somewhere, so it never starts again

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QMutex>
 #include <QStringList>
 #include <QtGlobal>
 
+#include <mutex>
 #include <utility>
 
 /// Collects what is logged, from whatever thread, for as long as it lives. Nothing of it is
@@ -27,7 +27,7 @@ public:
     /// Lines of this kind so far, such as QtWarningMsg.
     QStringList of(QtMsgType aType) const
     {
-        const QMutexLocker lock(&mutex());
+        const std::lock_guard lock(mutex());
         QStringList found;
         for (const auto& line : lines()) {
             if (line.first == aType)
@@ -44,12 +44,12 @@ private:
 
     static void handle(QtMsgType aType, const QMessageLogContext&, const QString& acText)
     {
-        const QMutexLocker lock(&mutex());
+        const std::lock_guard lock(mutex());
         lines().append({aType, acText});
     }
-    static QMutex& mutex()
+    static std::mutex& mutex()
     {
-        static QMutex one;
+        static std::mutex one;
         return one;
     }
     static tcLines& lines()
@@ -59,7 +59,7 @@ private:
     }
     static void take()
     {
-        const QMutexLocker lock(&mutex());
+        const std::lock_guard lock(mutex());
         lines().clear();
     }
 

@@ -127,6 +127,7 @@ void tst_AnySource::stoppingTwiceOrUnstartedIsHarmless()
     source->stop();
     source->stop();
     QVERIFY(!eventsRan); // none of it waited
+    QTRY_VERIFY(eventsRan);
     const std::unique_ptr<tcDataSource> started(create());
     started->start();
     started->stop();

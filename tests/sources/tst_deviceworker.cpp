@@ -57,15 +57,17 @@ public:
     void stop() override { }
 };
 
-/// Occupies a thread of the pool until its gate opens.
+tcGate& occupants()
+{
+    static tcGate gate;
+    return gate;
+}
+
+/// Occupies a thread of the pool until the gate opens.
 class tcOccupant : public QRunnable
 {
 public:
-    explicit tcOccupant(std::shared_ptr<tcGate> aGate) : mGate(std::move(aGate)) { }
-    void run() override { mGate->pass(); }
-
-private:
-    const std::shared_ptr<tcGate> mGate;
+    void run() override { occupants().pass(); }
 };
 
 QThreadPool& pool()
@@ -153,11 +155,10 @@ void tst_DeviceWorker::oneThatWasNeverHandedOverIsNotWaitedFor()
 void tst_DeviceWorker::oneThatIsQueuedIsTakenBack()
 {
     pool().setMaxThreadCount(1);
-    const auto gate = std::make_shared<tcGate>();
-    gate->shut();
+    occupants().shut();
     // Two strangers: the second takes the place that our worker brings along.
-    pool().start(new tcOccupant(gate));
-    pool().start(new tcOccupant(gate));
+    pool().start(new tcOccupant);
+    pool().start(new tcOccupant);
     const auto ran = std::make_shared<std::atomic<bool>>(false);
     const auto worker = makeWorker([ran](tcWorkerLink& link) {
         *ran = true;
@@ -165,11 +166,11 @@ void tst_DeviceWorker::oneThatIsQueuedIsTakenBack()
     });
     worker->start();
     QCOMPARE(pool().maxThreadCount(), 2);
-    QTRY_COMPARE(gate->inside(), 2);
+    QTRY_COMPARE(occupants().inside(), 2);
     QVERIFY(worker->stop());
     QCOMPARE(pool().maxThreadCount(), 1);
     QCOMPARE(worker.use_count(), 1L);
-    gate->open();
+    occupants().open();
     QVERIFY(pool().waitForDone());
     QVERIFY(!*ran);
     pool().setMaxThreadCount(mLimit);
