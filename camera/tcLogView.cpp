@@ -1,5 +1,7 @@
 #include "camera/tcLogView.h"
 
+#include "camera/logic/tcLongLines.h"
+
 #include <QPlainTextEdit>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -43,7 +45,7 @@ void tcLogView::append(const QString& acText, bool abToEnd)
     mAppending = true;
     QTextCursor end(mView->document());
     end.movePosition(QTextCursor::End);
-    end.insertText(acText);
+    end.insertText(tcLongLines::broken(acText, end.positionInBlock()));
     mAppending = false;
     if (mCountsHold)
         count(from, length());

@@ -17,8 +17,9 @@ public:
     /// Owned by the view.
     explicit tcLogView(QPlainTextEdit* apView);
 
-    /// Adds the text behind all others. The view's cursor stays where the operator put it,
-    /// unless it stands at the end or abToEnd sends it there.
+    /// Adds the text behind all others; lines that grow absurdly long are broken. The view's
+    /// cursor stays where the operator put it, unless it stands at the end or abToEnd sends it
+    /// there.
     void append(const QString& acText, bool abToEnd);
 
     /// Applies the length rule; the cursor goes to the end of a log that is too long.

@@ -5,6 +5,7 @@
 #include "camera/logic/tcCommand.h"
 #include "camera/logic/tcCommandHelp.h"
 #include "camera/logic/tcIniArray.h"
+#include "camera/logic/tcLongLines.h"
 #include "camera/logic/tcReply.h"
 #include "camera/tcHelpDelegate.h"
 #include "camera/tcLogView.h"
@@ -317,7 +318,7 @@ void tcVexaK40::handleReply(const QString& acLine)
         mExpectedReply.clear();
     else
         route(text);
-    mForm->lastRespPTE->setPlainText(text);
+    mForm->lastRespPTE->setPlainText(tcLongLines::broken(text));
 }
 
 /// Hands a reply that nobody waits for to whom it concerns.
