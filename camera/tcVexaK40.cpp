@@ -11,6 +11,7 @@
 #include "camera/tcLogView.h"
 #include "camera/tcReceiver.h"
 #include "camera/tcSensorMonitor.h"
+#include "camlink/logic/tcWireCommand.h"
 #include "ui_VexaK40.h"
 #include "widgets/tcDialogs.h"
 
@@ -92,6 +93,8 @@ void tcVexaK40::setUpViews()
     font.setStyleHint(QFont::TypeWriter); // where that family is missing
     for (QPlainTextEdit* view : {mForm->PortRespPTE, mForm->RespHexPTE, mForm->lastRespPTE})
         view->setFont(font);
+    tcReplyView::installShortcuts(
+        this, {mForm->PortRespPTE, mForm->RespHexPTE, mForm->lastRespPTE});
     mLog = new tcLogView(mForm->PortRespPTE);
     mForm->rxLed->setState(false);
     mForm->rxLed->setLedSize(cLedSize);
@@ -251,7 +254,7 @@ QString tcVexaK40::writeCommand(const QString& acCommand)
         return {};
     qDebug() << QDateTime::currentDateTime() << "TX:" << acCommand;
     const qint32 status
-        = tcSerialLink::write(mSerialRef, tcCommand::wireForm(acCommand), cWriteTimeoutMs);
+        = tcSerialLink::write(mSerialRef, tcWireCommand::bytes(acCommand), cWriteTimeoutMs);
     if (status != 0)
         return tcSerialLink::errorText(mManufacturer, status);
     return acCommand;

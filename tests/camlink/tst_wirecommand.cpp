@@ -21,6 +21,8 @@ void tst_WireCommand::bytes_data()
     QTest::newRow("empty is a line feed") << "" << QByteArray("\n");
     QTest::newRow("placeholders mean nothing") << "%1 %s %n" << QByteArray("%1 %s %n\n");
     QTest::newRow("local encoding") << QString::fromUtf8("µ") << QByteArray("\xC2\xB5\n");
+    QTest::newRow("ends before a NUL")
+        << QString(QStringLiteral("<VE") + QChar(0) + "RS>") << QByteArray("<VE\n");
     QTest::newRow("126 characters go whole")
         << QString(126, 'x') << QByteArray(126, 'x') + '\n';
 }
