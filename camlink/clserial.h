@@ -1,12 +1,13 @@
 #pragma once
 
-/// The functions of the Camera Link serial library as the standard declares them; the panel uses
-/// the first nine. Plain C, so that the library, its stand-ins and the panel share one text.
+/// The functions of the Camera Link serial library as the standard declares them; the panel
+/// uses the first nine. Plain C, so that the library, its stand-ins and the panel share one
+/// text.
 ///
 /// Every function but clSerialClose returns a signed 32-bit status: 0 for success, negative for
 /// an error. Sizes are unsigned 32-bit numbers on every platform, never `unsigned long`.
 
-#include <stdint.h>
+#include <stdint.h> // NOLINT(modernize-deprecated-headers): a header for C as well
 
 #if defined(_WIN32) && !defined(_WIN64)
 #define CLSERIAL_CC __stdcall

@@ -188,6 +188,7 @@ std::vector<tcSerialBackend::tcEntry> tcHostPortBackend::ports()
         names.erase(std::remove_if(names.begin(), names.end(), named), names.end());
     }
     std::vector<tcEntry> entries;
+    entries.reserve(names.size());
     for (const std::string& name : names)
         entries.push_back({cManufacturer, portId(name), cSerialVersion11, name});
     return entries;

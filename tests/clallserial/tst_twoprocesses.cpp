@@ -8,6 +8,8 @@
 
 #include <array>
 
+#include <dlfcn.h>
+
 /// The library in this process, the camera in another, a pseudo-terminal between them.
 class tst_TwoProcesses : public QObject
 {
@@ -19,6 +21,7 @@ private Q_SLOTS:
     void portIsListedFirst();
     void scriptIsAnsweredInFull();
     void cameraGoesWhileOpen();
+    void unloadsWithAPortOpen();
 
 private:
     QByteArray startCamera(const QStringList& acArguments);
@@ -142,6 +145,18 @@ void tst_TwoProcesses::cameraGoesWhileOpen()
     QVERIFY(!startCamera({"--model", "k20"}).isEmpty());
     QCOMPARE(mSerialInit(0, &again), CL_ERR_NO_ERR); // and there it is again
     mSerialClose(again);
+}
+
+/// The port is closed and nothing of the library stays behind, so it can be loaded anew.
+void tst_TwoProcesses::unloadsWithAPortOpen()
+{
+    QVERIFY(open());
+    QVERIFY(mLibrary.unload());
+    QVERIFY(!dlopen(SERIAL_LIBRARY, RTLD_NOW | RTLD_NOLOAD));
+    initTestCase();
+    const hSerRef ref = open();
+    QVERIFY(ref);
+    mSerialClose(ref);
 }
 
 QTEST_GUILESS_MAIN(tst_TwoProcesses)

@@ -107,7 +107,7 @@ void tst_VendorBackend::saysWhatItSkips()
     dup2(saved, 2);
     close(saved);
     QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
     const QByteArray text = file.readAll();
     QCOMPARE(text.count('\n'), 2);
     QVERIFY2(text.contains("clserbad"), text.constData());
