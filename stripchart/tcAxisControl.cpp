@@ -2,6 +2,7 @@
 
 #include "stripchart/PrecisionScaleDraw.h"
 #include "stripchart/TimeScaleDraw.h"
+#include "stripchart/TimeScaleEngine.h"
 #include "stripchart/tcStripCurve.h"
 #include "stripchart/tcStripMarker.h"
 #include "ui_StripChart.h"
@@ -22,6 +23,9 @@ constexpr int cLeft = 0;
 constexpr int cLabelRotation = -50;
 constexpr int cTimeFontPixels = 9;
 constexpr int cMaxSpanS = 86400;
+constexpr int cPixelsPerTime = 110; ///< of the plot's width, for each labelled time
+constexpr int cFewestTimes = 3;
+constexpr int cMostTimes = 24;
 
 int plotAxis(int anAxis)
 {
@@ -36,6 +40,7 @@ tcAxisControl::tcAxisControl(Ui::StripChart& arForm, QwtPlotGrid& arGrid)
     , mTimeDraw(new TimeScaleDraw)
     , mPrecisionDraw(new PrecisionScaleDraw)
 {
+    mPlot.setAxisScaleEngine(QwtPlot::xBottom, new TimeScaleEngine);
     mPlot.setAxisScale(QwtPlot::xBottom, 0.0, 100.0);
     mPlot.setAxisScaleDraw(QwtPlot::xBottom, mTimeDraw);
     mPlot.setAxisLabelRotation(QwtPlot::xBottom, cLabelRotation);
@@ -76,6 +81,8 @@ void tcAxisControl::setXRange(double anFrom, double anTo)
 {
     if (!tcRange{anFrom, anTo}.isValid())
         return;
+    mPlot.setAxisMaxMajor(QwtPlot::xBottom,
+                          qBound(cFewestTimes, mPlot.width() / cPixelsPerTime, cMostTimes));
     mPlot.setAxisScale(QwtPlot::xBottom, anFrom, anTo);
     mPlot.updateAxes();
     mGrid.setXDiv(mPlot.axisScaleDiv(QwtPlot::xBottom));

@@ -33,7 +33,8 @@ public:
     void setSpanMs(qint64 anSpanMs) { mSpanMs = anSpanMs; }
     /// The operator's span in seconds; anNowMs is the present.
     void changeSpan(int anSeconds, qint64 anNowMs);
-    /// A range without a width is ignored, here and below.
+    /// With as many labelled times as the plot has room for. A range without a width is
+    /// ignored, here and below.
     void setXRange(double anFrom, double anTo);
     /// Widens the time axis to all samples of the curve.
     void includeTimesOf(const tcStripCurve& acCurve);
@@ -50,7 +51,8 @@ public:
     void takeZoom(const QRectF& acRect);
     void assign(tcStripCurve& arCurve, int anAxis); ///< with the markers that follow it
 
-    /// Three labels on the left axis of a low chart, tidy steps on that of a higher one.
+    /// As many times as fit; three labels on the left axis of a low chart, tidy steps on that
+    /// of a higher one.
     void fitHeight(bool abLow);
     void showTimeLabels(bool abOn);
     void showMilliseconds(bool abOn);

@@ -60,6 +60,10 @@ struct tcSpanWindow
 /// the axis. Times in milliseconds since the epoch.
 tcSpanWindow spanWindow(int anSeconds, qint64 anNowMs, double anAxisEnd);
 
+/// The smallest step of clock time, in ms, that divides a span into at most anMaxSteps; 0,
+/// which leaves the choice to others, for spans of weeks.
+double timeStep(double anSpanMs, int anMaxSteps);
+
 /// Every how many of anTicks evenly spaced labels can be drawn on anLength pixels without two
 /// of them touching: 1, 2, 5, ... (a divisor of the number of gaps).
 int labelStride(int anTicks, double anLength, double anLabelSize);

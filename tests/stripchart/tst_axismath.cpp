@@ -42,6 +42,8 @@ private Q_SLOTS:
     void threeTicksAreSmallestMiddleLargest();
     void spanWindow_data();
     void spanWindow();
+    void timeStep_data();
+    void timeStep();
     void labelStride_data();
     void labelStride();
     void rangesThatNoAxisCanShow();
@@ -166,6 +168,30 @@ void tst_AxisMath::spanWindow()
     QTEST(window.range.from, "from");
     QTEST(window.range.to, "to");
     QTEST(window.spanMs, "spanMs");
+}
+
+void tst_AxisMath::timeStep_data()
+{
+    QTest::addColumn<double>("span");
+    QTest::addColumn<int>("steps");
+    QTest::addColumn<double>("step");
+    QTest::newRow("1 s") << 1000.0 << 8 << 200.0;
+    QTest::newRow("10 s") << 10000.0 << 8 << 2000.0;
+    QTest::newRow("a minute") << 60000.0 << 8 << 10000.0;
+    QTest::newRow("two minutes") << 120000.0 << 8 << 15000.0;
+    QTest::newRow("an hour") << 3.6e6 << 8 << 600000.0;
+    QTest::newRow("a day") << 86.4e6 << 8 << 3.0 * 3.6e6;
+    QTest::newRow("a day, many steps") << 86.4e6 << 24 << 3.6e6;
+    QTest::newRow("a month") << 30.0 * 86.4e6 << 8 << 0.0;
+    QTest::newRow("no span") << 0.0 << 8 << 1.0;
+    QTest::newRow("no steps") << 1000.0 << 0 << 1000.0;
+}
+
+void tst_AxisMath::timeStep()
+{
+    QFETCH(double, span);
+    QFETCH(int, steps);
+    QTEST(tcAxisMath::timeStep(span, steps), "step");
 }
 
 void tst_AxisMath::labelStride_data()

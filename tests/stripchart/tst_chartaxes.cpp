@@ -10,6 +10,7 @@
 #include <qwt_plot_grid.h>
 #include <qwt_scale_widget.h>
 
+#include <cmath>
 #include <limits>
 
 namespace
@@ -61,6 +62,8 @@ private Q_SLOTS:
     void labelsOnALowAxisDontTouch_data();
     void labelsOnALowAxisDontTouch();
     void timeRangeWithoutWidthIsIgnored();
+    void timesStandAtRoundSteps_data();
+    void timesStandAtRoundSteps();
 };
 
 void tst_ChartAxes::timeLabels()
@@ -435,6 +438,34 @@ void tst_ChartAxes::timeRangeWithoutWidthIsIgnored()
     probe.chart->setXRange(6.0, 5.0);
     probe.chart->setXRange(0.0, std::numeric_limits<double>::infinity());
     QCOMPARE(probe.shown(QwtPlot::xBottom), before);
+}
+
+void tst_ChartAxes::timesStandAtRoundSteps_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("span");
+    QTest::addColumn<double>("step");
+    QTest::newRow("400 wide, a minute") << 400 << 60 << 30000.0;
+    QTest::newRow("1200 wide, a minute") << 1200 << 60 << 10000.0;
+    QTest::newRow("3800 wide, a minute") << 3800 << 60 << 5000.0;
+    QTest::newRow("1200 wide, an hour") << 1200 << 3600 << 600000.0;
+}
+
+void tst_ChartAxes::timesStandAtRoundSteps()
+{
+    QFETCH(int, width);
+    QFETCH(int, span);
+    QFETCH(double, step);
+    tcChartProbe probe;
+    probe.action("actionShow_Left")->setChecked(false);
+    probe.show(QSize(width, 500));
+    probe.chart->setSpanMs(span * 1000);
+    probe.chart->tick();
+    const QList<double> ticks = probe.ticks(QwtPlot::xBottom);
+    QVERIFY(ticks.size() >= 2);
+    for (int i = 1; i < ticks.size(); ++i)
+        QCOMPARE(ticks.at(i) - ticks.at(i - 1), step);
+    QCOMPARE(std::fmod(ticks.first(), step), 0.0);
 }
 
 QTEST_MAIN(tst_ChartAxes)
