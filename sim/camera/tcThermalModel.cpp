@@ -9,6 +9,7 @@ namespace
 
 constexpr double cStepSeconds = 0.25;
 constexpr double cRoomC = 22.0;
+constexpr double cLongestSeconds = 86400.0; // by then all has settled; a week costs no more
 
 // Heat capacities in J/K, heat conductances in W/K, powers in W: a fist-sized camera head.
 constexpr double cPlateCapacity = 120.0;
@@ -58,7 +59,7 @@ double tcThermalModel::drift(double anPeriodSeconds, double anPhase) const
 void tcThermalModel::advance(double anSeconds, const tcInputs& acInputs)
 {
     mAcquiring = acInputs.acquiring;
-    mUnspent += std::max(anSeconds, 0.0);
+    mUnspent += std::clamp(anSeconds, 0.0, cLongestSeconds);
     while (mUnspent >= cStepSeconds) {
         mUnspent -= cStepSeconds;
         step(acInputs);

@@ -22,6 +22,7 @@ public:
     /// Starts at room temperature.
     tcThermalModel(uint64_t anSeed, bool abHasCooler);
 
+    /// At most a day at once: what is longer ago makes no difference.
     void advance(double anSeconds, const tcInputs& acInputs);
 
     /// Reading of the camera's sensor 1 to 15 with its noise; 0 for other numbers. Temperatures

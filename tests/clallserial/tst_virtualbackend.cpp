@@ -283,11 +283,11 @@ void tst_VirtualBackend::longWriteTimesOut()
 {
     tcVirtualBackend backend(mConfig);
     const auto port = open(backend, "k20");
-    const QByteArray block(100'000, '.');
-    uint32_t size = 100'000;
+    const QByteArray block(1'000'000, '.'); // more than a minute on the line
+    uint32_t size = 1'000'000;
     QCOMPARE(port->write(block.constData(), size, 50), CL_ERR_TIMEOUT);
     QVERIFY(size >= tcCameraSim::cTransmitRoom);
-    QVERIFY(size < 100'000u);
+    QVERIFY(size < 1'000'000u);
 }
 
 void tst_VirtualBackend::unplugWhileOpen()

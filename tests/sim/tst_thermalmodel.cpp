@@ -18,6 +18,7 @@ private Q_SLOTS:
     void coolerReadingsFollowTheDrive();
     void noiseIsSmallAndSeeded();
     void stepsDoNotMatter();
+    void yearsPassInNoTime();
 };
 
 void tst_ThermalModel::startsAtRoomTemperature()
@@ -150,6 +151,17 @@ void tst_ThermalModel::stepsDoNotMatter()
     for (int step = 0; step < 64 * 1024; ++step)
         fine.advance(1.0 / 1024, inputs); // a power of two, so that the sum is exact
     QCOMPARE(fine.plateC(), coarse.plateC());
+}
+
+void tst_ThermalModel::yearsPassInNoTime()
+{
+    const tcThermalModel::tcInputs inputs{true, true, true, 18.0};
+    tcThermalModel day(1, true);
+    tcThermalModel years(1, true);
+    day.advance(86400, inputs);
+    years.advance(1e9, inputs);
+    QCOMPARE(years.plateC(), day.plateC());
+    QVERIFY(qAbs(years.plateC() - 18.0) < 0.1);
 }
 
 QTEST_GUILESS_MAIN(tst_ThermalModel)
