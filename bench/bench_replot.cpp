@@ -1,0 +1,265 @@
+// Frames of fifteen curves on a canvas of 900 x 400, antialiased: strip curves, stock Qwt and,
+// where it is installed, QCustomPlot. Then how the pictures compare.
+#include "bench/tcGoals.h"
+#include "stripchart/tcStripCurve.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QPainter>
+#include <qwt_plot.h>
+#include <qwt_plot_canvas.h>
+#ifdef TARVIK_WITH_QCUSTOMPLOT
+#include <qcustomplot.h>
+#endif
+
+#include <cmath>
+#include <memory>
+#include <random>
+#include <vector>
+
+namespace
+{
+
+constexpr int cCurves = 15;
+constexpr int cRuns = 5;
+constexpr QSize cCanvas(900, 400);
+
+struct tcData
+{
+    QVector<double> times;
+    QVector<double> values;
+};
+
+tcData data(int anCurve, int anCount, bool abNoise)
+{
+    std::mt19937 random(static_cast<unsigned>(anCurve));
+    tcData result;
+    for (int i = 0; i < anCount; ++i) {
+        const double noise = static_cast<double>(random()) / static_cast<double>(random.max());
+        const double wave = 0.5 + 0.4 * std::sin(anCurve + i * 20.0 / anCount);
+        result.times << i;
+        result.values << (abNoise ? noise : wave + 0.002 * noise);
+    }
+    return result;
+}
+
+tcData last(const tcData& acData, int anCount)
+{
+    const int from = acData.times.size() - anCount;
+    return {acData.times.mid(from), acData.values.mid(from)};
+}
+
+std::unique_ptr<QwtPlotCurve> stripCurve(int anCurve, const tcData& acData)
+{
+    auto curve = std::make_unique<tcStripCurve>(anCurve);
+    curve->setSampleCount(std::max(100, acData.times.size()));
+    curve->addSamples(acData.times.constData(), acData.values.constData(), acData.times.size());
+    return curve;
+}
+
+std::unique_ptr<QwtPlotCurve> stockCurve(int, const tcData& acData)
+{
+    auto curve = std::make_unique<QwtPlotCurve>();
+    curve->setRenderHint(QwtPlotItem::RenderAntialiased);
+    curve->setSamples(acData.times, acData.values);
+    return curve;
+}
+
+using tcMaker = std::unique_ptr<QwtPlotCurve> (*)(int, const tcData&);
+
+/// A Qwt plot with fifteen curves, its canvas of the agreed size.
+class tcQwtFrame
+{
+public:
+    /// The last anKept of anCount samples.
+    tcQwtFrame(tcMaker aMaker, int anCount, bool abNoise, int anKept)
+    {
+        mPlot.setAutoDelete(false);
+        mPlot.setAutoReplot(false);
+        for (int i = 0; i < cCurves; ++i) {
+            mCurves.push_back(aMaker(i, last(data(i, anCount, abNoise), anKept)));
+            mCurves.back()->setPen(tcStripCurve::stripCurveColor(i));
+            mCurves.back()->attach(&mPlot);
+        }
+        mPlot.setAxisScale(QwtPlot::yLeft, 0, 1);
+        setWindow(anCount - anKept, anCount);
+        mPlot.resize(1000, 500);
+        mPlot.show();
+        QCoreApplication::processEvents();
+        const QSize frame = mPlot.size() - mPlot.canvas()->contentsRect().size();
+        mPlot.resize(cCanvas + frame);
+        QCoreApplication::processEvents();
+    }
+
+    void setWindow(double anFrom, double anTo)
+    {
+        mPlot.setAxisScale(QwtPlot::xBottom, anFrom, anTo);
+    }
+
+    double seconds(int anCalls)
+    {
+        QwtPlotCanvas* canvas = qobject_cast<QwtPlotCanvas*>(mPlot.canvas());
+        const auto frame = [&] {
+            mPlot.replot();
+            canvas->repaint();
+        };
+        frame();
+        return tcGoals::median(cRuns, anCalls, frame);
+    }
+
+private:
+    QwtPlot mPlot;
+    std::vector<std::unique_ptr<QwtPlotCurve>> mCurves;
+};
+
+double qwtSeconds(tcMaker aMaker, int anCount, bool abNoise, int anCalls)
+{
+    return tcQwtFrame(aMaker, anCount, abNoise, anCount).seconds(anCalls);
+}
+
+#ifdef TARVIK_WITH_QCUSTOMPLOT
+double customSeconds(int anCount, bool abNoise, int anCalls)
+{
+    QCustomPlot plot;
+    plot.setAntialiasedElements(QCP::aeAll);
+    for (int i = 0; i < cCurves; ++i) {
+        const tcData samples = data(i, anCount, abNoise);
+        plot.addGraph()->setData(samples.times, samples.values, true);
+        plot.graph(i)->setPen(QPen(tcStripCurve::stripCurveColor(i), 0));
+        plot.graph(i)->setAdaptiveSampling(true);
+    }
+    plot.xAxis->setRange(0, anCount);
+    plot.yAxis->setRange(0, 1);
+    plot.resize(cCanvas);
+    plot.show();
+    QCoreApplication::processEvents();
+    plot.resize(2 * cCanvas - plot.axisRect()->size());
+    QCoreApplication::processEvents();
+    const auto frame = [&] { plot.replot(QCustomPlot::rpImmediateRefresh); };
+    frame();
+    return tcGoals::median(cRuns, anCalls, frame);
+}
+#endif
+
+struct tcTimes
+{
+    double k1;
+    double k100;
+};
+
+void print(const char* apName, bool abNoise, double anK1, double anK100)
+{
+    std::printf("%-14s %-6s 15 x 1k / 100k: %8.2f / %8.2f ms\n", apName,
+                abNoise ? "noise" : "smooth", anK1 * 1e3, anK100 * 1e3);
+    std::fflush(stdout);
+}
+
+void compareFrames(tcGoals& arGoals, bool abNoise)
+{
+    const tcTimes strip{qwtSeconds(stripCurve, 1000, abNoise, 20),
+                        qwtSeconds(stripCurve, 100000, abNoise, 20)};
+    const tcTimes stock{qwtSeconds(stockCurve, 1000, abNoise, 20),
+                        qwtSeconds(stockCurve, 100000, abNoise, abNoise ? 1 : 3)};
+    print("strip curves", abNoise, strip.k1, strip.k100);
+    print("stock Qwt", abNoise, stock.k1, stock.k100);
+    arGoals.atMost(abNoise ? "noise: 15 x 100k over 15 x 1k" : "smooth: 15 x 100k over 15 x 1k",
+                   strip.k100 / strip.k1, 1.5);
+    arGoals.atLeast(abNoise ? "noise: stock over strip, 100k"
+                            : "smooth: stock over strip, 100k",
+                    stock.k100 / strip.k100, abNoise ? 80 : 50);
+    arGoals.atMost(abNoise ? "noise: strip over stock, 1k" : "smooth: strip over stock, 1k",
+                   strip.k1 / stock.k1, 1.0);
+#ifdef TARVIK_WITH_QCUSTOMPLOT
+    const tcTimes custom{customSeconds(1000, abNoise, 20), customSeconds(100000, abNoise, 5)};
+    print("QCustomPlot", abNoise, custom.k1, custom.k100);
+    arGoals.atLeast(abNoise ? "noise: QCustomPlot over strip, 100k"
+                            : "smooth: QCustomPlot over strip, 100k",
+                    custom.k100 / strip.k100, abNoise ? 4 : 2.5);
+#endif
+}
+
+void compareSizes(tcGoals& arGoals)
+{
+    const double hundred = qwtSeconds(stripCurve, 100000, false, 20);
+    const double million = qwtSeconds(stripCurve, 1000000, false, 10);
+    arGoals.atMost("smooth: 15 x 1M over 15 x 100k", million / hundred, 4);
+
+    constexpr int cSeen = 1000;
+    tcQwtFrame small(stripCurve, 100000, false, cSeen);
+    tcQwtFrame full(stripCurve, 100000, false, 100000);
+    full.setWindow(100000 - cSeen, 100000);
+    const double alone = small.seconds(50);
+    arGoals.atMost("window of 1000 in 100k over those 1000 alone", full.seconds(50) / alone,
+                   1.1);
+}
+
+QImage picture(tcMaker aMaker, bool abNoise, bool abSmoothEdges)
+{
+    QImage image(cCanvas, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    painter.setClipRect(image.rect());
+    painter.setRenderHint(QPainter::Antialiasing, abSmoothEdges);
+    const auto curve = aMaker(0, data(0, 100000, abNoise));
+    curve->setPen(Qt::green);
+    QwtScaleMap x;
+    x.setScaleInterval(0, 100000);
+    x.setPaintInterval(0, cCanvas.width() - 1);
+    QwtScaleMap y;
+    y.setScaleInterval(0, 1);
+    y.setPaintInterval(cCanvas.height() - 1, 0);
+    curve->drawSeries(&painter, x, y, image.rect(), 0, -1);
+    return image;
+}
+
+bool isInk(const QImage& acImage, int anX, int anY)
+{
+    return acImage.rect().contains(anX, anY) && qGreen(acImage.pixel(anX, anY)) > 20;
+}
+
+int strayInk(const QImage& acOne, const QImage& acOther)
+{
+    int count = 0;
+    for (int y = 0; y < acOne.height(); ++y) {
+        for (int x = 0; x < acOne.width(); ++x) {
+            if (isInk(acOne, x, y) && !isInk(acOther, x, y) && !isInk(acOther, x - 1, y)
+                && !isInk(acOther, x + 1, y) && !isInk(acOther, x, y - 1)
+                && !isInk(acOther, x, y + 1))
+                ++count;
+        }
+    }
+    return count;
+}
+
+void comparePictures(tcGoals& arGoals, bool abNoise)
+{
+    const QImage strip = picture(stripCurve, abNoise, false);
+    const QImage stock = picture(stockCurve, abNoise, false);
+    int differing = 0;
+    for (int y = 0; y < strip.height(); ++y) {
+        for (int x = 0; x < strip.width(); ++x)
+            differing += strip.pixel(x, y) != stock.pixel(x, y);
+    }
+    arGoals.atMost(abNoise ? "noise: pixels that differ, %" : "smooth: pixels that differ, %",
+                   100.0 * differing / (strip.width() * strip.height()), abNoise ? 1 : 0.05);
+    const QImage stripEdges = picture(stripCurve, abNoise, true);
+    const QImage stockEdges = picture(stockCurve, abNoise, true);
+    arGoals.atMost(abNoise ? "noise: antialiased ink off by more than a pixel"
+                           : "smooth: antialiased ink off by more than a pixel",
+                   strayInk(stripEdges, stockEdges) + strayInk(stockEdges, stripEdges), 0);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    tcGoals goals;
+    for (bool noise : {false, true}) {
+        compareFrames(goals, noise);
+        comparePictures(goals, noise);
+    }
+    compareSizes(goals);
+    return goals.result();
+}
