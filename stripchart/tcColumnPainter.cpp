@@ -13,6 +13,8 @@ namespace
 /// How many pixels more the line goes up and down within a column than it needs to cross it,
 /// before the column counts as filled.
 constexpr int cExcess = 6;
+/// Bars that are filled together.
+constexpr int cGroup = 16;
 
 bool isFull(const tcPixelColumn& acColumn)
 {
@@ -61,6 +63,7 @@ void tcColumnPainter::paint(const std::vector<tcPixelColumn>& acColumns)
     // Dashes and translucency show where a line runs twice.
     const bool bars = pen.isSolid() && pen.style() == Qt::SolidLine
         && pen.brush().style() == Qt::SolidPattern && pen.color().alpha() == 255;
+    mLine.reserve(static_cast<int>(acColumns.size()) * 2);
     const tcPixelColumn* before = nullptr;
     bool barBefore = false;
     for (std::size_t i = 0; i < acColumns.size(); ++i) {
@@ -87,6 +90,8 @@ void tcColumnPainter::addLine(const tcPixelColumn& acColumn, const tcPixelColumn
     if (apBarBefore)
         addPoint(apBarBefore->x, apBarBefore->last);
     addPoint(acColumn.x, acColumn.first);
+    if (acColumn.top == acColumn.bottom)
+        return;
     // The nearer end first: the way that a line needs at least.
     if (acColumn.first - acColumn.top < acColumn.bottom - acColumn.first) {
         addPoint(acColumn.x, acColumn.top);
@@ -133,11 +138,11 @@ void tcColumnPainter::endLine()
 {
     if (mLine.size() > 1)
         QwtPainter::drawPolyline(&mPainter, QwtClipper::clipPolygonF(mClip, mLine, false));
-    mLine.clear();
+    mLine.resize(0);
 }
 
 /// Where the pen leaves ink that goes up and down from the bar's top to its bottom.
-QRectF tcColumnPainter::inked(const tcBar& acBar) const
+QRectF tcColumnPainter::inked(const tcBar& acBar, bool abAntialiased) const
 {
     const double width = std::max(mPainter.pen().widthF(), 1.0);
     const bool fine = mPainter.device()->devicePixelRatioF() > 1.0;
@@ -149,27 +154,63 @@ QRectF tcColumnPainter::inked(const tcBar& acBar) const
         return {acBar.x - width / 2, top, width, height};
     // A line one pixel wide lies on the corners between pixels: antialiased it covers half of
     // both its neighbours, and all of them when drawn over and over.
-    if (!mHairline)
+    if (abAntialiased)
         return {acBar.x - 1.0, top, 2.0, height};
     return {double(acBar.x), top, 1.0, height + 1.0};
 }
 
 void tcColumnPainter::paintBars()
 {
-    QVector<QRectF> ink;
-    ink.reserve(mBars.size());
-    for (const tcBar& bar : qAsConst(mBars)) {
-        const QRectF rect = inked(bar);
-        if (rect.height() > 0 && rect.right() > mClip.left() && rect.left() < mClip.right())
-            ink.append(rect);
-    }
-    mBars.clear();
-    if (ink.isEmpty())
+    if (mBars.isEmpty())
         return;
-    mPainter.save();
-    mPainter.setRenderHint(QPainter::Antialiasing, false);
-    mPainter.setBrush(mPainter.pen().color());
-    mPainter.setPen(Qt::NoPen);
-    mPainter.drawRects(ink);
-    mPainter.restore();
+    // Every hint: one of them alone keeps bars on whole pixels from being filled the fast way.
+    const QPainter::RenderHints hints = mPainter.renderHints();
+    const bool antialiased = hints.testFlag(QPainter::Antialiasing);
+    mPainter.setRenderHints(hints, false);
+    QVector<QRectF> group;
+    for (const tcBar& bar : qAsConst(mBars)) {
+        const QRectF rect = inked(bar, antialiased);
+        if (rect.height() <= 0 || rect.right() <= mClip.left() || rect.left() >= mClip.right())
+            continue;
+        const bool apart
+            = !group.isEmpty() && std::abs(rect.left() - group.last().left()) > rect.width();
+        if (apart || group.size() == cGroup) {
+            fill(group);
+            group.clear();
+        }
+        group.append(rect);
+    }
+    fill(group);
+    mPainter.setRenderHints(hints, true);
+    mBars.clear();
+}
+
+/// What bars side by side have in common is filled at once, then what stands out of it.
+void tcColumnPainter::fill(const QVector<QRectF>& acBars)
+{
+    if (acBars.isEmpty())
+        return;
+    const QColor color = mPainter.pen().color();
+    QRectF all = acBars.first();
+    double top = all.top();
+    double bottom = all.bottom();
+    for (const QRectF& bar : acBars) {
+        all |= bar;
+        top = std::max(top, bar.top());
+        bottom = std::min(bottom, bar.bottom());
+    }
+    bottom = std::max(bottom, top);
+    if (bottom > top)
+        mPainter.fillRect(QRectF(all.left(), top, all.width(), bottom - top), color);
+    for (const QRectF& bar : acBars) {
+        if (bar.top() < top)
+            mPainter.fillRect(QRectF(bar.left(), bar.top(), bar.width(),
+                                     std::min(top, bar.bottom()) - bar.top()),
+                              color);
+        if (bar.bottom() > bottom) {
+            const double from = std::max(bottom, bar.top());
+            mPainter.fillRect(QRectF(bar.left(), from, bar.width(), bar.bottom() - from),
+                              color);
+        }
+    }
 }

@@ -34,7 +34,8 @@ private:
     void addPoint(int anX, int anY);
     void endLine();
     void paintBars();
-    QRectF inked(const tcBar& acBar) const;
+    void fill(const QVector<QRectF>& acBars);
+    QRectF inked(const tcBar& acBar, bool abAntialiased) const;
 
     QPainter& mPainter;
     QRectF mClip;

@@ -2,14 +2,8 @@
 
 #include "stripchart/logic/tcSampleStore.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace
 {
-
-/// Far outside any canvas, yet with room for sums of two in an int.
-constexpr double cFarthestPixel = 1e9;
 
 /// First index in [anFirst, anEnd) whose time is not before (abAfter: is after) anTime.
 int firstFrom(const tcSampleStore& acStore, int anFirst, int anEnd, double anTime, bool abAfter)
@@ -29,19 +23,6 @@ int firstFrom(const tcSampleStore& acStore, int anFirst, int anEnd, double anTim
 }
 
 } // namespace
-
-int tcPixelMap::at(double anNumber) const
-{
-    const double place = std::floor(pixel + (anNumber - number) * factor + 0.5);
-    if (!(place > -cFarthestPixel))
-        return static_cast<int>(-cFarthestPixel);
-    return static_cast<int>(std::min(place, cFarthestPixel));
-}
-
-double tcPixelMap::numberAt(double anPixel) const
-{
-    return number + (anPixel - pixel) / factor;
-}
 
 tcColumnReduction::tcColumnReduction(const tcPixelMap& acX, const tcPixelMap& acY, int anLeft,
                                      int anRight)

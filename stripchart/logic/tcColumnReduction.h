@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <vector>
 
 class tcSampleStore;
@@ -13,8 +15,17 @@ struct tcPixelMap
 
     /// Rounded as the plot rounds. Whatever lies far outside is brought to the border of what
     /// can be painted; NaN too.
-    int at(double anNumber) const;
-    double numberAt(double anPixel) const;
+    int at(double anNumber) const
+    {
+        const double place = std::floor(pixel + (anNumber - number) * factor + 0.5);
+        if (!(place > -cFarthest))
+            return static_cast<int>(-cFarthest);
+        return static_cast<int>(std::min(place, cFarthest));
+    }
+    double numberAt(double anPixel) const { return number + (anPixel - pixel) / factor; }
+
+    /// Far outside any canvas, yet with room for sums of two in an int.
+    static constexpr double cFarthest = 1e9;
 };
 
 /// What one pixel column shows of consecutive samples that fall into it, as pixels from the

@@ -1,36 +1,5 @@
 #include "stripchart/logic/tcSampleColumn.h"
 
-#include <algorithm>
-#include <cmath>
-#include <limits>
-
-tcExtent tcExtent::none()
-{
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    return {infinity, -infinity};
-}
-
-void tcExtent::add(double anValue)
-{
-    if (!std::isfinite(anValue))
-        return;
-    lowest = std::min(lowest, anValue);
-    highest = std::max(highest, anValue);
-}
-
-void tcExtent::unite(const tcExtent& acOther)
-{
-    lowest = std::min(lowest, acOther.lowest);
-    highest = std::max(highest, acOther.highest);
-}
-
-double tcSampleColumn::at(int anIndex) const
-{
-    const int place = mOffset + anIndex;
-    return mBlocks[static_cast<std::size_t>(place / cBlockSize)]
-        .block->numbers[place % cBlockSize];
-}
-
 void tcSampleColumn::append(double anValue)
 {
     const int place = (mOffset + mSize) % cBlockSize;

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <deque>
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -11,10 +14,22 @@ struct tcExtent
     double lowest;
     double highest;
 
-    static tcExtent none();
+    static tcExtent none()
+    {
+        constexpr double infinity = std::numeric_limits<double>::infinity();
+        return {infinity, -infinity};
+    }
     bool isEmpty() const { return lowest > highest; }
-    void add(double anValue);
-    void unite(const tcExtent& acOther);
+    void add(double anValue)
+    {
+        if (std::isfinite(anValue))
+            unite({anValue, anValue});
+    }
+    void unite(const tcExtent& acOther)
+    {
+        lowest = std::min(lowest, acOther.lowest);
+        highest = std::max(highest, acOther.highest);
+    }
 };
 
 /// A long row of numbers that grows at its end and shrinks at its start.
@@ -29,7 +44,11 @@ public:
     static constexpr int cRunSize = 16;
 
     int size() const { return mSize; }
-    double at(int anIndex) const; ///< anIndex in [0, size)
+    double at(int anIndex) const ///< anIndex in [0, size)
+    {
+        const auto place = static_cast<unsigned>(mOffset + anIndex);
+        return mBlocks[place / cBlockSize].block->numbers[place % cBlockSize];
+    }
 
     void append(double anValue);
     void dropFirst();         ///< nothing happens to an empty row

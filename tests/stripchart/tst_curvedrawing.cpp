@@ -351,7 +351,7 @@ private Q_SLOTS:
         // Broad lines are split every few points for speed, which leaves a cap at each cut.
         // Where that speed is not needed the lines are compared without.
         QwtPainter::setPolylineSplitting(test.noise);
-        for (int ratio = 1; ratio <= (penWidth > 1 ? 1 : 2); ++ratio) {
+        for (int ratio = 1; ratio <= (penWidth > 1 || test.noise ? 1 : 2); ++ratio) {
             const QImage full = drawFully(test, pen, true, ratio);
             const QImage reduced = drawReduced(test, pen, true, ratio);
             // A cap at a cut reaches another pixel beyond.
