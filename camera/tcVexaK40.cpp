@@ -7,6 +7,7 @@
 #include "camera/logic/tcIniArray.h"
 #include "camera/logic/tcLongLines.h"
 #include "camera/logic/tcReply.h"
+#include "camera/tcCommandCompleter.h"
 #include "camera/tcHelpDelegate.h"
 #include "camera/tcLogView.h"
 #include "camera/tcReceiver.h"
@@ -14,6 +15,7 @@
 #include "camlink/logic/tcWireCommand.h"
 #include "ui_VexaK40.h"
 #include "widgets/tcDialogs.h"
+#include "widgets/tcHistoryKeys.h"
 
 #include <QDateTime>
 #include <QDebug>
@@ -93,8 +95,8 @@ void tcVexaK40::setUpViews()
     font.setStyleHint(QFont::TypeWriter); // where that family is missing
     for (QPlainTextEdit* view : {mForm->PortRespPTE, mForm->RespHexPTE, mForm->lastRespPTE})
         view->setFont(font);
-    tcReplyView::installShortcuts(
-        this, {mForm->PortRespPTE, mForm->RespHexPTE, mForm->lastRespPTE});
+    tcReplyView::installShortcuts(this,
+                                  {mForm->PortRespPTE, mForm->RespHexPTE, mForm->lastRespPTE});
     mLog = new tcLogView(mForm->PortRespPTE);
     mForm->rxLed->setState(false);
     mForm->rxLed->setLedSize(cLedSize);
@@ -111,9 +113,14 @@ void tcVexaK40::setUpCommandBoxes()
 {
     mForm->exampleCB->addItems(tcCommandHelp::entries());
     mForm->exampleCB->setItemDelegate(new tcHelpDelegate(mForm->exampleCB));
-    // Completing would send another command than the one that was typed.
-    mForm->CommandCB->setCompleter(nullptr);
     mForm->CommandCB->lineEdit()->setClearButtonEnabled(true);
+    new tcCommandCompleter(mForm->CommandCB);
+    new tcHistoryKeys(mForm->CommandCB->lineEdit(), [this] {
+        QStringList sent;
+        for (int index = 0; index < mForm->CommandCB->count(); ++index)
+            sent.append(mForm->CommandCB->itemText(index));
+        return sent;
+    });
 }
 
 void tcVexaK40::connectCommands()

@@ -16,7 +16,8 @@ constexpr quint32 cReadTimeoutMs = 100;
 constexpr quint32 cWriteTimeoutMs = 100;
 constexpr quint32 cFileTimeoutMs = 1000;
 constexpr int cDrainSliceMs = 50;
-constexpr int cEmptyReads = 2; ///< a driver may succeed with nothing; it won't keep the window
+constexpr int cMostSent = 1000; ///< typed commands that the arrow keys bring back
+constexpr int cEmptyReads = 2;  ///< a driver may succeed with nothing; it won't keep the window
 
 /// Both panels show the same words, so they share one translation.
 QString text(const char* acText)
@@ -77,7 +78,13 @@ void tcBasicPanel::sendTypedCommand()
 {
     if (mSerialRef == 0)
         return;
-    tcSerialLink::write(mSerialRef, tcWireCommand::bytes(mCommandLE->text()), cWriteTimeoutMs);
+    const QString command = mCommandLE->text();
+    tcSerialLink::write(mSerialRef, tcWireCommand::bytes(command), cWriteTimeoutMs);
+    if (command.isEmpty() || command == mSent.value(0))
+        return;
+    mSent.prepend(command);
+    if (mSent.size() > cMostSent)
+        mSent.removeLast();
 }
 
 void tcBasicPanel::sendChosenPreset()

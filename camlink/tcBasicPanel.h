@@ -2,6 +2,7 @@
 
 #include "camlink/logic/tcReceivedText.h"
 #include "camlink/tcCamlinkIface.h"
+#include "widgets/tcHistoryKeys.h"
 #include "widgets/tcReplyView.h"
 
 #include <QComboBox>
@@ -50,6 +51,7 @@ private:
     QComboBox* mPresetsCB = nullptr; ///< the four below are the form's, by Qt parenthood
     QLineEdit* mCommandLE = nullptr;
     tcReplyView* mResponsePTE = nullptr;
+    QStringList mSent; ///< typed commands, the newest first; kept while the program runs
 };
 
 template <class Panel, class Form>
@@ -65,6 +67,7 @@ void tcBasicPanel::connectForm(Panel* apPanel, const Form& acForm)
     connect(acForm.SendCustomPB, &QPushButton::clicked, apPanel, &Panel::SendFile);
     mResponsePTE->ensureCursorVisible();
     tcReplyView::installShortcuts(this, {mResponsePTE});
+    new tcHistoryKeys(mCommandLE, [this] { return mSent; });
     fillPresets();
     acForm.TimingGroupBox->hide();
     acForm.ROIGroupBox->hide();
