@@ -141,7 +141,7 @@ QString tcOmegaMonWorker::poll(QSerialPort& arPort, tcWorkerLink& arLink)
     if (!complete || error == QSerialPort::NoError || error == QSerialPort::TimeoutError)
         return {};
     // Nothing leaves a port that is gone; without this its buffer grows with each request.
-    const QString fault = arPort.errorString();
+    QString fault = arPort.errorString();
     arPort.clear();
     return fault;
 }

@@ -5,7 +5,7 @@
 ///
 /// A handle names an opened unit. Unless said otherwise a result of 1 is success and 0 failure.
 
-#include <stdint.h>
+#include <stdint.h> // NOLINT(modernize-deprecated-headers): plain C
 
 #if defined(_WIN32) && !defined(_WIN64)
 #define USBTC08_CC __stdcall

@@ -210,7 +210,7 @@ bool tcTC08Sim::setChannel(int anChannel, char acType)
     const std::lock_guard lock(mMutex);
     if (anChannel < 0 || anChannel >= cChannels)
         return false;
-    mTypes[size_t(anChannel)] = acType;
+    mTypes[size_t(anChannel)] = static_cast<unsigned char>(acType);
     return true;
 }
 

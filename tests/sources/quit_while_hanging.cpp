@@ -1,5 +1,5 @@
 /// A program that quits while its instruments' drivers hang, each in the way that its argument
-/// names. Says "quitting" when it begins to.
+/// names; a second argument makes it a program with windows. Says "quitting" when it begins to.
 
 #include "sim/omega/tcOmegaSim.h"
 #include "sim/usbtc08/tc08sim.h"
@@ -7,7 +7,7 @@
 #include "sources/tcSourceRegistry.h"
 #include "tests/sources/tcHangingPort.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QElapsedTimer>
 
 #include <cstdio>
@@ -67,6 +67,11 @@ int run(const QString& acCase)
 
 int main(int anCount, char** apArguments)
 {
-    QCoreApplication application(anCount, apArguments);
-    return run(QString::fromLatin1(apArguments[1]));
+    const QString what = QString::fromLatin1(apArguments[1]);
+    if (anCount > 2) { // a program with windows
+        const QApplication application(anCount, apArguments);
+        return run(what);
+    }
+    const QCoreApplication application(anCount, apArguments);
+    return run(what);
 }

@@ -1,5 +1,6 @@
 #include <QElapsedTimer>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QtTest>
 
 /// The program quits in about a second, whatever its instruments' drivers are doing.
@@ -17,6 +18,7 @@ void tst_Quit::quits_data()
     QTest::addColumn<QString>("drivers");
     QTest::addColumn<int>("stuck");
     QTest::newRow("all is well") << "none" << 0;
+    QTest::newRow("both hang in a program with windows") << "both windows" << 2;
     QTest::newRow("a reading of the logger hangs") << "logger-reads" << 1;
     QTest::newRow("opening the logger hangs") << "logger-opens" << 1;
     QTest::newRow("the port of the thermometer hangs") << "thermometer" << 1;
@@ -29,7 +31,13 @@ void tst_Quit::quits()
     QFETCH(QString, drivers);
     QFETCH(int, stuck);
     QProcess program;
-    program.start(QUIT_WHILE_HANGING, {drivers});
+    const QStringList arguments = drivers.split(' ');
+    if (arguments.size() > 1) { // Qt's own screens are left behind where there is no display
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("ASAN_OPTIONS", "detect_leaks=0");
+        program.setProcessEnvironment(environment);
+    }
+    program.start(QUIT_WHILE_HANGING, arguments);
     QVERIFY(program.waitForReadyRead());
     QCOMPARE(program.readLine().trimmed(), QByteArray("quitting"));
     QElapsedTimer elapsed;
