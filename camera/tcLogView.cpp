@@ -50,8 +50,20 @@ void tcLogView::append(const QString& acText, bool abToEnd)
     if (mCountsHold)
         count(from, length());
     if (abToEnd)
-        mView->moveCursor(QTextCursor::End);
+        moveToEnd();
+}
+
+void tcLogView::showCursor()
+{
     mView->ensureCursorVisible();
+}
+
+/// A cursor that is there already costs no layout.
+void tcLogView::moveToEnd()
+{
+    const QTextCursor cursor = mView->textCursor();
+    if (cursor.hasSelection() || !cursor.atEnd())
+        mView->moveCursor(QTextCursor::End);
 }
 
 void tcLogView::applyLimit(int anLimit)
@@ -65,7 +77,7 @@ void tcLogView::applyLimit(int anLimit)
         mView->setPlainText(text);
         countAnew(text);
     }
-    mView->moveCursor(QTextCursor::End);
+    moveToEnd();
 }
 
 /// Whatever else changes the text makes the counts worthless until they are needed again.

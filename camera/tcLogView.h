@@ -22,11 +22,15 @@ public:
     /// there.
     void append(const QString& acText, bool abToEnd);
 
+    /// Scrolls to the cursor: once for all entries that come in one go.
+    void showCursor();
+
     /// Applies the length rule; the cursor goes to the end of a log that is too long.
     void applyLimit(int anLimit);
 
 private:
     int length() const;
+    void moveToEnd();
     void onContentsChange();
     void count(int anFrom, int anTo);
     void countAnew(const QString& acText);

@@ -41,6 +41,11 @@ constexpr int cLedSize = 8;
 constexpr int cLastReplyLines = 3;                   ///< two and the frame around them
 constexpr qint64 cMaxScriptBytes = 64 * 1024 * 1024; ///< more is no script
 
+QString traceTime()
+{
+    return QDateTime::currentDateTime().toString(Qt::ISODateWithMs);
+}
+
 QString keepAliveCommand()
 {
     return QStringLiteral("<TEMP 0>");
@@ -259,7 +264,7 @@ QString tcVexaK40::writeCommand(const QString& acCommand)
 {
     if (mSerialRef == 0 || acCommand.isEmpty())
         return {};
-    qDebug() << QDateTime::currentDateTime() << "TX:" << acCommand;
+    qDebug() << traceTime() << "TX:" << acCommand;
     const qint32 status
         = tcSerialLink::write(mSerialRef, tcWireCommand::bytes(acCommand), cWriteTimeoutMs);
     if (status != 0)
@@ -309,8 +314,13 @@ void tcVexaK40::SendFile()
 void tcVexaK40::CheckRxData()
 {
     const QPointer<tcVexaK40> alive(this);
+    const bool nested = std::exchange(mReceiving, true);
     const bool stillOpen = mReceiver->run();
-    if (!alive || !stillOpen)
+    if (!alive || nested)
+        return;
+    mReceiving = false;
+    showLatest();
+    if (!stillOpen)
         return;
     if (mForm->keepAlivePB->isChecked() && mReceiver->isSilent()) {
         Q_EMIT requestClosePort();
@@ -320,7 +330,7 @@ void tcVexaK40::CheckRxData()
 
 void tcVexaK40::handleReply(const QString& acLine)
 {
-    qDebug() << QDateTime::currentDateTime() << "LINE: " << acLine;
+    qDebug() << traceTime() << "LINE: " << acLine;
     if (acLine.isEmpty())
         return;
     const QString text = tcReply::normalised(acLine);
@@ -328,7 +338,18 @@ void tcVexaK40::handleReply(const QString& acLine)
         mExpectedReply.clear();
     else
         route(text);
-    mForm->lastRespPTE->setPlainText(tcLongLines::broken(text));
+    mLastReply = text;
+    mLastReplyIsOld = true;
+    if (!mReceiving)
+        showLatest();
+}
+
+/// Layout is what replies cost most: within a run it is done once, at its end.
+void tcVexaK40::showLatest()
+{
+    mLog->showCursor();
+    if (std::exchange(mLastReplyIsOld, false))
+        mForm->lastRespPTE->setPlainText(tcLongLines::broken(mLastReply));
 }
 
 /// Hands a reply that nobody waits for to whom it concerns.
@@ -355,6 +376,8 @@ void tcVexaK40::log(const QString& acText, bool abToEnd)
     const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss.zzz"));
     mLog->append(time + QStringLiteral(": ") + acText, abToEnd);
     onTextChanged();
+    if (!mReceiving)
+        mLog->showCursor();
 }
 
 void tcVexaK40::onTextChanged()

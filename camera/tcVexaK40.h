@@ -79,6 +79,7 @@ private:
 
     void route(const QString& acText);
     void log(const QString& acText, bool abToEnd);
+    void showLatest();
     void onBytesReceived(const QByteArray& acBytes);
     void clearViews();
     void updateHexSoon();
@@ -100,7 +101,10 @@ private:
     QTimer mKeepAliveTimer;
     QTimer mHexTimer; ///< one hex view for all that came in one pass of the event loop
     tcRxHistory mRxBuffer;
-    bool mHexIsOld = false;    ///< the received bytes are not those of the hex view
-    QString mExpectedReply;    ///< its reply is not logged; empty when none is awaited
-    int mMaxDescriptionLength; ///< of log (characters) and received bytes
+    bool mHexIsOld = false;  ///< the received bytes are not those of the hex view
+    bool mReceiving = false; ///< inside a run of the receiver
+    QString mLastReply;
+    bool mLastReplyIsOld = false; ///< the view does not show it yet
+    QString mExpectedReply;       ///< its reply is not logged; empty when none is awaited
+    int mMaxDescriptionLength;    ///< of log (characters) and received bytes
 };
