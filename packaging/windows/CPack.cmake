@@ -10,7 +10,9 @@ set(CPACK_PACKAGE_EXECUTABLES tarvik "Vexa Tarvik")
 
 set(CPACK_NSIS_PACKAGE_NAME "Vexa Tarvik")
 set(CPACK_NSIS_DISPLAY_NAME "Vexa Tarvik ${version}")
-set(CPACK_NSIS_BRANDING_TEXT "Vexa Tarvik ${version}")
+# A 64-bit installer for a 64-bit program. The generator would trim the branding text, which only
+# the Windows build of the installer compiler can.
+set(CPACK_NSIS_DEFINES "Target amd64-unicode\nBrandingText \"Vexa Tarvik ${version}\"")
 set(CPACK_NSIS_INSTALL_ROOT "$PROGRAMFILES64")
 set(CPACK_NSIS_EXECUTABLES_DIRECTORY .)
 set(CPACK_NSIS_MUI_ICON "${CMAKE_CURRENT_SOURCE_DIR}/icons/tarvik.ico")

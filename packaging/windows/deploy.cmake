@@ -1,31 +1,29 @@
-# Run at installation, with FOLDER and QT_PREFIX set: brings the libraries that the program needs,
-# and Qt's plugins, beside it. What the prefix does not hold is Windows' own.
+# Run at installation, with FOLDER, QT_PREFIX and OBJDUMP set: brings the libraries that the program
+# needs, and Qt's plugins, beside it. What the prefix does not hold is Windows' own.
+function(bring_libraries_of file)
+    execute_process(COMMAND "${OBJDUMP}" -p "${file}" OUTPUT_VARIABLE headers COMMAND_ERROR_IS_FATAL ANY)
+    string(REGEX MATCHALL "DLL Name: [^\n]+" lines "${headers}")
+    foreach(line IN LISTS lines)
+        string(REGEX REPLACE "DLL Name: " "" library "${line}")
+        if(EXISTS "${FOLDER}/${library}")
+            continue()
+        endif()
+        if(EXISTS "${QT_PREFIX}/bin/${library}")
+            file(INSTALL "${QT_PREFIX}/bin/${library}" DESTINATION "${FOLDER}")
+            bring_libraries_of("${FOLDER}/${library}")
+        elseif(library MATCHES "^(Qt5|qwt|lib|clallserial)")
+            message(FATAL_ERROR "${file} needs ${library}, which is nowhere to be found")
+        endif()
+    endforeach()
+endfunction()
+
 set(plugins platforms/qwindows.dll styles/qwindowsvistastyle.dll imageformats/qico.dll)
-if(EXISTS "${QT_PREFIX}/plugins/printsupport/windowsprintersupport.dll")
+bring_libraries_of("${FOLDER}/tarvik.exe")
+if(EXISTS "${FOLDER}/Qt5PrintSupport.dll")
     list(APPEND plugins printsupport/windowsprintersupport.dll)
 endif()
-set(files "")
 foreach(plugin IN LISTS plugins)
     get_filename_component(kind "${plugin}" DIRECTORY)
     file(INSTALL "${QT_PREFIX}/plugins/${plugin}" DESTINATION "${FOLDER}/plugins/${kind}")
-    list(APPEND files "${FOLDER}/plugins/${plugin}")
-endforeach()
-
-set(CMAKE_GET_RUNTIME_DEPENDENCIES_PLATFORM windows+pe)
-set(CMAKE_GET_RUNTIME_DEPENDENCIES_TOOL objdump)
-set(CMAKE_GET_RUNTIME_DEPENDENCIES_COMMAND "${OBJDUMP}")
-file(GET_RUNTIME_DEPENDENCIES
-    EXECUTABLES "${FOLDER}/tarvik.exe" LIBRARIES ${files}
-    RESOLVED_DEPENDENCIES_VAR found UNRESOLVED_DEPENDENCIES_VAR system
-    DIRECTORIES "${FOLDER}" "${QT_PREFIX}/bin")
-foreach(library IN LISTS found)
-    get_filename_component(folder "${library}" DIRECTORY)
-    if(NOT folder STREQUAL FOLDER)
-        file(INSTALL "${library}" DESTINATION "${FOLDER}")
-    endif()
-endforeach()
-foreach(library IN LISTS system)
-    if(library MATCHES "^(Qt5|qwt|lib|clallserial|usbtc08)")
-        message(FATAL_ERROR "${library} is needed and was not found")
-    endif()
+    bring_libraries_of("${FOLDER}/plugins/${plugin}")
 endforeach()
