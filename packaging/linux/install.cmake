@@ -17,3 +17,11 @@ endforeach()
 # Rules of packages lie below lib, whatever the libraries' folder is called.
 install(FILES linux/60-vexa-tarvik.rules DESTINATION lib/udev/rules.d)
 install(FILES linux/tarvik.1 DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
+
+# The papers of the package, in the places where Debian's tools look for them.
+set(doc "${CMAKE_INSTALL_DATADIR}/doc/vexa-tarvik")
+install(FILES linux/copyright DESTINATION "${doc}")
+install(FILES "${CMAKE_SOURCE_DIR}/CHANGELOG.md" DESTINATION "${doc}")
+if(EXISTS "${CMAKE_SOURCE_DIR}/docs/SERIAL.md")
+    install(FILES "${CMAKE_SOURCE_DIR}/docs/SERIAL.md" DESTINATION "${doc}")
+endif()
