@@ -1,10 +1,5 @@
 #include "stripchart/PrecisionScaleDraw.h"
 
-#include "stripchart/logic/tcAxisMath.h"
-
-#include <QFontMetricsF>
-#include <QPainter>
-
 void PrecisionScaleDraw::setPrecision(int anDecimals)
 {
     mPrecision = anDecimals;
@@ -14,13 +9,4 @@ void PrecisionScaleDraw::setPrecision(int anDecimals)
 QwtText PrecisionScaleDraw::label(double anValue) const
 {
     return QString::number(anValue, 'f', mPrecision);
-}
-
-void PrecisionScaleDraw::drawLabel(QPainter* apPainter, double anValue) const
-{
-    const QList<double> ticks = scaleDiv().ticks(QwtScaleDiv::MajorTick);
-    const double height = QFontMetricsF(apPainter->font()).height();
-    const int stride = tcAxisMath::labelStride(ticks.size(), length(), height);
-    if (ticks.indexOf(anValue) % stride == 0)
-        QwtScaleDraw::drawLabel(apPainter, anValue);
 }

@@ -1,19 +1,15 @@
 #pragma once
 
-#include <qwt_scale_draw.h>
+#include "stripchart/ThinScaleDraw.h"
 
 /// Labels values with a fixed number of decimals.
-class PrecisionScaleDraw : public QwtScaleDraw
+class PrecisionScaleDraw : public ThinScaleDraw
 {
 public:
     void setPrecision(int anDecimals);
     int precision() const { return mPrecision; }
 
     QwtText label(double anValue) const override;
-
-protected:
-    /// On a low axis labels are left out evenly, so that no two touch.
-    void drawLabel(QPainter* apPainter, double anValue) const override;
 
 private:
     int mPrecision = 3;

@@ -49,6 +49,7 @@ tcAxisControl::tcAxisControl(Ui::StripChart& arForm, QwtPlotGrid& arGrid)
     font.setPixelSize(cTimeFontPixels);
     mPlot.setAxisFont(QwtPlot::xBottom, font);
     mPlot.setAxisScaleDraw(QwtPlot::yLeft, mPrecisionDraw);
+    mPlot.setAxisScaleDraw(QwtPlot::yRight, new ThinScaleDraw);
     mPlot.setAxisScale(QwtPlot::yRight, boxes(1).min.value(), boxes(1).max.value());
     applyBoxes(cLeft);
     // As designed: the span in ms meets the range that a fresh box has, and so shows 99.

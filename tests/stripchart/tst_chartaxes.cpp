@@ -398,35 +398,39 @@ void tst_ChartAxes::showMsTogglesMilliseconds()
 
 void tst_ChartAxes::labelsOnALowAxisDontTouch_data()
 {
+    QTest::addColumn<int>("axis");
     QTest::addColumn<int>("height");
-    QTest::newRow("250") << 250;
-    QTest::newRow("300") << 300;
-    QTest::newRow("600") << 600;
+    for (const int axis : {0, 1})
+        for (const int height : {160, 250, 300, 600})
+            QTest::addRow("axis %d, %d high", axis, height) << axis << height;
 }
 
 // Rows of the axis with ink in them come in runs, one a label: each run is one text high.
 void tst_ChartAxes::labelsOnALowAxisDontTouch()
 {
+    QFETCH(int, axis);
     QFETCH(int, height);
+    constexpr int ticksWidth = 14; // with the backbone, on the side of the canvas
     tcChartProbe probe;
     probe.show(QSize(700, height));
-    probe.chart->setYRange(0, 10.0, 50.0);
+    probe.chart->setYRange(axis, 10.0, 50.0);
     QCoreApplication::processEvents();
-    QWidget* axis = probe.plot->axisWidget(QwtPlot::yLeft);
-    const QImage image = axis->grab().toImage();
-    const QRgb paper = image.pixel(0, image.height() / 2 + 3);
-    const int textHeight = QFontMetrics(axis->font()).height();
-    const int labelWidth = image.width() - 14; // ticks and backbone stand to the right of it
+    QWidget* scale = probe.plot->axisWidget(axis ? QwtPlot::yRight : QwtPlot::yLeft);
+    const QImage image = scale->grab().toImage();
+    const int from = axis ? ticksWidth : 0;
+    const int to = axis ? image.width() : image.width() - ticksWidth;
+    const QRgb paper = image.pixel(axis ? image.width() - 1 : 0, image.height() / 2 + 3);
     int run = 0;
     int longest = 0;
     for (int y = 0; y < image.height(); ++y) {
         bool ink = false;
-        for (int x = 0; x < labelWidth; ++x)
+        for (int x = from; x < to; ++x)
             ink = ink || image.pixel(x, y) != paper;
         run = ink ? run + 1 : 0;
         longest = std::max(longest, run);
     }
     QVERIFY(longest > 0);
+    const int textHeight = QFontMetrics(scale->font()).height();
     QVERIFY2(longest <= textHeight, qPrintable(QString::number(longest)));
 }
 

@@ -11,6 +11,7 @@
 
 #include <cmath>
 #include <limits>
+#include <thread>
 
 class tst_StripChart : public QObject
 {
@@ -36,6 +37,8 @@ private Q_SLOTS:
     void readingsAreDrawnOnceAPass();
     void unknownKeysAtFullRateCostNoPainting();
     void hiddenChartIsNotPainted();
+    void minimisedChartIsNotPainted();
+    void readingsOfOtherThreadsArrive();
     void tickScrollsOneIntervalAhead();
     void tickWithSpanZeroDoesNotScroll();
     void pausedChartStandsStill();
@@ -339,6 +342,52 @@ void tst_StripChart::hiddenChartIsNotPainted()
     QCOMPARE(counter.count, 0);
     probe.chart->show();
     QTRY_VERIFY(counter.count > 0);
+}
+
+void tst_StripChart::minimisedChartIsNotPainted()
+{
+    tcChartProbe probe;
+    const auto a = probe.curve("A");
+    const QUuid key = probe.chart->addCurve(a.get());
+    probe.show();
+    probe.chart->showMinimized();
+    QTRY_VERIFY(probe.chart->isMinimized());
+    probe.settle();
+    tcPaintCounter counter(probe.plot->canvas());
+    for (int i = 0; i < 10; ++i) {
+        probe.chart->updateData(key, 0, probe.now + i, i);
+        QTest::qWait(5);
+    }
+    QCOMPARE(counter.count, 0);
+    probe.chart->showNormal();
+    QTRY_VERIFY(counter.count > 0);
+}
+
+void tst_StripChart::readingsOfOtherThreadsArrive()
+{
+    tcChartProbe probe;
+    const auto a = probe.curve("A");
+    const auto direct = probe.curve("direct", 1);
+    const QUuid key = probe.chart->addCurve(a.get());
+    probe.chart->addCurve(direct.get(), key);
+    probe.show();
+    tcStripChart* chart = probe.chart.get();
+    tcStripCurve* curve = direct.get();
+    std::thread source([chart, curve, key] {
+        for (int i = 0; i < 300; ++i) {
+            const qint64 time = tcChartProbe::cNow + i;
+            QMetaObject::invokeMethod(
+                chart, [chart, key, time, i] { chart->updateData(key, 0, time, i); },
+                Qt::QueuedConnection);
+            curve->addSample(time, i);
+            std::this_thread::yield();
+        }
+    });
+    QTRY_COMPARE(a->dataSize(), std::size_t(300));
+    source.join();
+    probe.chart->tick();
+    QVERIFY(!probe.chart->grab().isNull());
+    QCOMPARE(direct->dataSize(), std::size_t(300));
 }
 
 void tst_StripChart::tickScrollsOneIntervalAhead()
