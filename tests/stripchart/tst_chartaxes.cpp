@@ -412,6 +412,9 @@ void tst_ChartAxes::labelsOnALowAxisDontTouch()
     QFETCH(int, height);
     constexpr int ticksWidth = 14; // with the backbone, on the side of the canvas
     tcChartProbe probe;
+    QFont large = probe.chart->font();
+    large.setPixelSize(28);
+    probe.plot->setAxisFont(axis ? QwtPlot::yRight : QwtPlot::yLeft, large);
     probe.show(QSize(700, height));
     probe.chart->setYRange(axis, 10.0, 50.0);
     QCoreApplication::processEvents();
