@@ -1,5 +1,6 @@
 #include "stripchart/tcChartPanel.h"
 
+#include "stripchart/tcPlotTools.h"
 #include "ui_StripChart.h"
 
 namespace
@@ -33,4 +34,13 @@ void tcChartPanel::connectButtons(Ui::StripChart& arForm, QAction& arLogAction)
     connectSwitch(arForm.toolButton_showMs, arForm.actionShow_ms);
     arForm.splitter->setStretchFactor(0, 0);
     arForm.splitter->setStretchFactor(1, 1);
+}
+
+void tcChartPanel::connectTools(Ui::StripChart& arForm, tcPlotTools& arTools)
+{
+    QObject::connect(arForm.actionGrid, &QAction::toggled, &arTools, &tcPlotTools::showGrid);
+    QObject::connect(arForm.actionMinor_Grid, &QAction::toggled, &arTools,
+                     &tcPlotTools::showMinorGrid);
+    QObject::connect(arForm.actionZoom_Out, &QAction::triggered, &arTools,
+                     &tcPlotTools::zoomOut);
 }

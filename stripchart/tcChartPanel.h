@@ -1,6 +1,7 @@
 #pragma once
 
 class QAction;
+class tcPlotTools;
 namespace Ui
 {
 class StripChart;
@@ -11,4 +12,6 @@ namespace tcChartPanel
 {
 /// arLogAction belongs to the chart, which makes it beside the form's own actions.
 void connectButtons(Ui::StripChart& arForm, QAction& arLogAction);
+/// The actions that concern nothing but the tools on the plot.
+void connectTools(Ui::StripChart& arForm, tcPlotTools& arTools);
 } // namespace tcChartPanel

@@ -31,6 +31,7 @@ public:
     QVector<tcStripCurve*> curves() const;
     QVector<tcStripCurve*> curves(const QUuid& acKey) const;
 
+    QList<QUuid> keys() const { return mRows.keys(); }
     bool isEmpty() const { return mRows.isEmpty(); }
     int sourceCount() const { return mRows.size(); }
     /// Number of slots of a source, empty ones included.

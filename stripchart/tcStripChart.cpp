@@ -1,10 +1,14 @@
 #include "stripchart/tcStripChart.h"
 
+#include "app/tcSettings.h"
 #include "stripchart/logic/tcChartNames.h"
 #include "stripchart/tcAxisControl.h"
 #include "stripchart/tcChartDialogs.h"
+#include "stripchart/tcChartFiles.h"
+#include "stripchart/tcChartLog.h"
 #include "stripchart/tcChartMenu.h"
 #include "stripchart/tcChartPanel.h"
+#include "stripchart/tcChartSettings.h"
 #include "stripchart/tcLegendControl.h"
 #include "stripchart/tcMarkerTable.h"
 #include "stripchart/tcMinMaxLines.h"
@@ -15,6 +19,7 @@
 
 #include <QDateTime>
 #include <QDebug>
+#include <QDir>
 #include <QMenu>
 #include <QTimerEvent>
 #include <qwt_legend.h>
@@ -49,6 +54,8 @@ tcStripChart::tcStripChart(QWidget* apParent)
     mTools->prepareMouse(*mMarkers);
     mTools->showMinorGrid(false);
     tcChartPanel::connectButtons(*mForm, *mLogAction);
+    tcChartPanel::connectTools(*mForm, *mTools);
+    makeFiles();
     connectPlot();
     connectAxes();
     connectLegend();
@@ -66,83 +73,6 @@ tcStripChart::~tcStripChart()
     stopUpdates();
 }
 
-void tcStripChart::connectPlot()
-{
-    connect(mForm->qwtPlot, &QwtPlot::itemAttached, this,
-            [this](QwtPlotItem* apItem, bool abOn) {
-                if (!abOn)
-                    mCurves.forget(apItem);
-            });
-    connect(mForm->spinBoxSamples, QOverload<int>::of(&QSpinBox::valueChanged), this,
-            &tcStripChart::setSampleCount);
-    connect(mForm->actionClear_Samples, &QAction::triggered, this, &tcStripChart::clearSamples);
-    connect(mForm->actionPause_Updates, &QAction::toggled, this, &tcStripChart::slot_Pause);
-    connect(mForm->actionResume_Feed, &QAction::triggered, this, &tcStripChart::resumeFeed);
-    connect(mForm->actionSave, &QAction::triggered, this, &tcStripChart::slotSave);
-    connect(mForm->actionLoad_from_File, &QAction::triggered, this, [this] { loadCsvFile(); });
-    connect(mLogAction, &QAction::toggled, this, &tcStripChart::logData);
-}
-
-void tcStripChart::connectAxes()
-{
-    const auto valueChanged = QOverload<double>::of(&QDoubleSpinBox::valueChanged);
-    connect(mForm->doubleSpinBoxYMin, valueChanged, this, &tcStripChart::updateY1Axis);
-    connect(mForm->doubleSpinBoxYMax, valueChanged, this, &tcStripChart::updateY1Axis);
-    connect(mForm->doubleSpinBoxY2Min, valueChanged, this, &tcStripChart::updateY2Axis);
-    connect(mForm->doubleSpinBoxY2Max, valueChanged, this, &tcStripChart::updateY2Axis);
-    connect(mForm->spinBoxSpanSec, QOverload<int>::of(&QSpinBox::valueChanged), this,
-            [this](int anSeconds) { mAxes->changeSpan(anSeconds, mClock()); });
-    connect(mForm->actionShow_X_Axis, &QAction::toggled, this, &tcStripChart::slot_showXAxis);
-    connect(mForm->actionShow_ms, &QAction::toggled, this, &tcStripChart::slot_showMs);
-}
-
-void tcStripChart::connectLegend()
-{
-    QwtLegend& legend = mLegend->legend();
-    connect(&legend, &QwtLegend::checked, this, &tcStripChart::slot_LegendItemChecked);
-    connect(&legend, &QwtLegend::clicked, this, &tcStripChart::slot_LegendItemClicked);
-    connect(&legend, &QWidget::customContextMenuRequested, this,
-            &tcStripChart::slot_LegendContextMenu);
-    connect(mLegend.get(), &tcLegendControl::visibilityChanged, this,
-            [this] { mMinMax->keepHidden(); });
-    connect(mLegend.get(), &tcLegendControl::minMaxWanted, this, &tcStripChart::followMinMax);
-    connect(mLegend.get(), &tcLegendControl::minMaxResetWanted, this,
-            &tcStripChart::resetMinMax);
-    connect(mLegend.get(), &tcLegendControl::autoscaleWanted, this,
-            [this](tcStripCurve* apCurve) {
-                mAxes->fitY(apCurve->yAxis() == QwtPlot::yRight ? 1 : 0, apCurve);
-            });
-    connect(mForm->actionShow_Min_Max_Markers, &QAction::toggled, this,
-            &tcStripChart::showMinMax);
-    connect(mForm->actionReset_Min_Max, &QAction::triggered, this, &tcStripChart::resetMinMax);
-}
-
-void tcStripChart::connectMenus()
-{
-    connect(mForm->qwtPlot, &QWidget::customContextMenuRequested, this,
-            &tcStripChart::slot_CustomContextMenu);
-    connect(mMenu.get(), &tcChartMenu::axisChooserWanted, this,
-            [this] { mDialogs->showAxisChooser(curves()); });
-    connect(mMenu.get(), &tcChartMenu::markerWanted, this, &tcStripChart::markerRequest);
-    connect(mMenu.get(), &tcChartMenu::pictureWanted, this, [this] { savePicture(); });
-    connect(mMenu.get(), &tcChartMenu::resetWanted, this, &tcStripChart::resetData);
-    connect(mForm->actionMarkers, &QAction::triggered, this,
-            [this] { mDialogs->showMarkerInfo(*mMarkers); });
-    connect(mDialogs.get(), &tcChartDialogs::axisChosen, this, &tcStripChart::assignAxis);
-    connect(mDialogs.get(), &tcChartDialogs::markerChanged, this, &tcStripChart::markerChanged);
-    connect(mForm->actionShow_Left, &QAction::toggled, mForm->widgetLeft, &QWidget::setVisible);
-}
-
-void tcStripChart::connectTools()
-{
-    connect(mForm->actionGrid, &QAction::toggled, mTools.get(), &tcPlotTools::showGrid);
-    connect(mForm->actionMinor_Grid, &QAction::toggled, mTools.get(),
-            &tcPlotTools::showMinorGrid);
-    connect(mForm->actionZoom_Out, &QAction::triggered, mTools.get(), &tcPlotTools::zoomOut);
-    connect(mTools.get(), &tcPlotTools::zoomed, this, &tcStripChart::zoomed);
-    connect(mTools.get(), &tcPlotTools::markerRequest, this, &tcStripChart::markerRequest);
-}
-
 void tcStripChart::setChartName(const QString& acName)
 {
     mName = acName;
@@ -154,7 +84,8 @@ void tcStripChart::updateTitle(const QString& acName)
 {
     if (acName.isEmpty())
         mTitle = tcChartNames::titleOfCurves(mCurves.firstTitle(), mCurves.sourceCount());
-    setWindowTitle(tcChartNames::windowTitle({mTitle, acName, mStatus, mLogFile}));
+    setWindowTitle(tcChartNames::windowTitle(
+        {mTitle, acName, mStatus, QDir::toNativeSeparators(mLog->file())}));
 }
 
 void tcStripChart::setStatus(const QString& acStatus)
@@ -185,6 +116,7 @@ void tcStripChart::removeCurve(tcStripCurve* apCurve)
     if (apCurve && apCurve->plot() == mForm->qwtPlot)
         apCurve->detach();
     mCurves.forget(apCurve);
+    mFiles->loadedFile().forget(apCurve);
     mReplot->request();
 }
 
@@ -193,6 +125,7 @@ void tcStripChart::removeCurves(const QUuid& acKey)
     const QVector<tcStripCurve*> curves = mCurves.curves(acKey);
     for (tcStripCurve* curve : curves)
         removeCurve(curve);
+    mFiles->loadedFile().forget(acKey);
 }
 
 void tcStripChart::assignAxis(tcStripCurve* apCurve, int axis)
@@ -239,19 +172,19 @@ void tcStripChart::startUpdates()
         mTimerId = startTimer(cTimerIntervalMs, Qt::CoarseTimer);
 }
 
-void tcStripChart::stopUpdates()
+bool tcStripChart::stopUpdates()
 {
-    if (mTimerId != -1)
+    const bool ran = isUpdating();
+    if (ran)
         killTimer(mTimerId);
     mTimerId = -1;
+    return ran;
 }
 
 void tcStripChart::resumeFeed()
 {
-    resetData();
-    mForm->spinBoxSamples->setEnabled(true);
+    mFiles->resume();
     startUpdates();
-    mForm->toolButton_Load->setDefaultAction(mForm->actionLoad_from_File);
 }
 
 void tcStripChart::tick()
@@ -264,6 +197,7 @@ void tcStripChart::tick()
         mReplot->request();
     }
     mTools->keepZoomBase();
+    mLog->write(mClock());
 }
 
 void tcStripChart::setVerbosity(int anLevel)
@@ -287,16 +221,20 @@ void tcStripChart::updateData(const QUuid& acKey, int anIndex, qint64 anMsSinceE
 {
     tcStripCurve* curve = mCurves.find(acKey, anIndex);
     if (!curve)
-        return;
+        return mFiles->keepReading(acKey, anIndex, anMsSinceEpoch, anValue);
     curve->addSample(anMsSinceEpoch, anValue);
     mMinMax->widen(*curve);
     mReplot->request();
 }
 
-void tcStripChart::slotSave() { }
+void tcStripChart::slotSave()
+{
+    mFiles->save(mName);
+}
 
 void tcStripChart::clearSamples()
 {
+    mLog->write(mClock()); // what is about to go
     const QwtPlotItemList items = mForm->qwtPlot->itemList(tcStripCurve::cRtti);
     for (QwtPlotItem* item : items)
         static_cast<tcStripCurve*>(item)->clear();
@@ -310,10 +248,14 @@ void tcStripChart::showLegend(bool abOn)
     mForm->groupBoxAxes->setVisible(abOn);
 }
 
-void tcStripChart::logData(bool) { }
+void tcStripChart::logData(bool abOn)
+{
+    mLog->switchTo(abOn, mName);
+}
 
 void tcStripChart::setSampleCount(int value)
 {
+    mLog->write(mClock()); // what is about to go
     const QwtPlotItemList items = mForm->qwtPlot->itemList(tcStripCurve::cRtti);
     for (QwtPlotItem* item : items)
         static_cast<tcStripCurve*>(item)->setSampleCount(value);
@@ -337,7 +279,10 @@ void tcStripChart::resetMinMax()
     mForm->qwtPlot->replot();
 }
 
-void tcStripChart::loadCsvFile(QString) { }
+void tcStripChart::loadCsvFile(QString arFile)
+{
+    mFiles->load(arFile, mName);
+}
 
 void tcStripChart::markerChanged(int marker_id)
 {
@@ -435,7 +380,7 @@ void tcStripChart::resizeEvent(QResizeEvent* apEvent)
 
 void tcStripChart::closeEvent(QCloseEvent* apEvent)
 {
-    saveSettings();
+    tcChartSettings::save(*tcSettings::create(), *this, mName);
     QFrame::closeEvent(apEvent);
 }
 
@@ -448,8 +393,12 @@ void tcStripChart::followMinMax(tcStripCurve* apCurve)
     mForm->qwtPlot->replot();
 }
 
-void tcStripChart::savePicture(const QString&) { }
+void tcStripChart::savePicture(const QString& acFile)
+{
+    mFiles->savePicture(acFile, mName);
+}
 
-void tcStripChart::restoreSettings() { }
-
-void tcStripChart::saveSettings() { }
+void tcStripChart::restoreSettings()
+{
+    tcChartSettings::restore(*tcSettings::create(), *this, mName);
+}

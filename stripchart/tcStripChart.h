@@ -13,6 +13,8 @@ class QRectF;
 class QVariant;
 class tcAxisControl;
 class tcChartDialogs;
+class tcChartFiles;
+class tcChartLog;
 class tcChartMenu;
 class tcLegendControl;
 class tcMarkerTable;
@@ -83,10 +85,12 @@ public:
     QAction* logAction() const { return mLogAction; }
     bool isPaused() const { return mPaused; }
     bool isUpdating() const { return mTimerId != -1; } ///< whether the update timer runs
-    void stopUpdates();
+    bool stopUpdates();                                ///< whether they ran
     void startUpdates();
     void resumeFeed(); ///< back from a loaded file to live readings
     void tick();       ///< one pass of the update loop; the timer calls it
+
+    void savePicture(const QString& acFile = QString()); ///< asks for the file unless given
 
     void setClock(tcClock aClock) { mClock = std::move(aClock); }
     void setVerbosity(int anLevel); ///< 0 keeps the debug log silent
@@ -132,11 +136,10 @@ private:
     void connectLegend();
     void connectMenus();
     void connectTools();
+    void makeFiles();
 
     void followMinMax(tcStripCurve* apCurve);
-    void savePicture(const QString& acFile = QString());
     void restoreSettings();
-    void saveSettings();
 
     std::unique_ptr<Ui::StripChart> mForm;
     std::unique_ptr<tcReplotRequest> mReplot;
@@ -148,12 +151,13 @@ private:
     std::unique_ptr<tcChartMenu> mMenu;
     std::unique_ptr<tcChartDialogs> mDialogs;
     tcCurveTable mCurves;
+    std::unique_ptr<tcChartLog> mLog;
+    std::unique_ptr<tcChartFiles> mFiles;
     QAction* mLogAction; ///< owned by this
     tcClock mClock;
     QString mTitle;
     QString mName;
     QString mStatus;
-    QString mLogFile; ///< native separators; empty while nothing is logged
     int mTimerId = -1;
     int mVerbosity = 0;
     bool mPaused = false;

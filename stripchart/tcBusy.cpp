@@ -1,0 +1,55 @@
+#include "stripchart/tcBusy.h"
+
+#include <QApplication>
+#include <QProgressDialog>
+
+namespace
+{
+
+constexpr int cSteps = 1000;
+
+} // namespace
+
+tcBusy::tcBusy(QWidget& arWindow, const QString& acText, Qt::CursorShape anCursor)
+    : mWindow(&arWindow), mText(acText)
+{
+    QApplication::setOverrideCursor(anCursor);
+    mSinceStart.start();
+    mSinceLook.start();
+}
+
+tcBusy::~tcBusy()
+{
+    QApplication::restoreOverrideCursor();
+}
+
+bool tcBusy::step(qint64 anDone, qint64 anTotal)
+{
+    if (!mWindow)
+        return false;
+    if (mSinceLook.elapsed() < cLookMs)
+        return !mDialog || !mDialog->wasCanceled();
+    if (!mDialog && mSinceStart.elapsed() >= cShowMs)
+        showDialog();
+    if (mDialog) {
+        mDialog->setMaximum(anTotal > 0 ? cSteps : 0);
+        mDialog->setValue(anTotal > 0 ? static_cast<int>(anDone * cSteps / anTotal) : 0);
+        QApplication::processEvents();
+    } else {
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
+    mSinceLook.restart();
+    return mWindow && (!mDialog || !mDialog->wasCanceled());
+}
+
+void tcBusy::showDialog()
+{
+    // No parent: it must not go with a window that somebody deletes meanwhile.
+    mDialog = std::make_unique<QProgressDialog>();
+    mDialog->setWindowTitle(mWindow->windowTitle());
+    mDialog->setLabelText(mText);
+    mDialog->setWindowModality(Qt::ApplicationModal);
+    mDialog->setAutoReset(false);
+    mDialog->setMinimumDuration(0);
+    mDialog->show();
+}
