@@ -13,10 +13,13 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScreen>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QStatusBar>
 #include <QUrl>
+
+#include <algorithm>
 
 namespace
 {
@@ -26,6 +29,20 @@ constexpr QSize cDefaultSize{730, 500};
 void openWithDesktop(const QString& acFile)
 {
     QDesktopServices::openUrl(QUrl::fromLocalFile(acFile));
+}
+
+/// Whether a window put there can be taken by its title bar. The screen that it stood on may be
+/// gone by now.
+bool isReachable(const QPoint& acPosition, const QSize& acSize)
+{
+    constexpr int cTitleHeight = 30;
+    constexpr int cEnoughToHold = 60;
+    const QRect title(acPosition, QSize(acSize.width(), cTitleHeight));
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    return std::any_of(screens.begin(), screens.end(), [&](const QScreen* apScreen) {
+        const QRect seen = apScreen->availableGeometry() & title;
+        return seen.width() >= cEnoughToHold && seen.height() > 0;
+    });
 }
 
 } // namespace
@@ -46,7 +63,7 @@ tcMainWindow::tcMainWindow(QWidget* apParent) : QMainWindow(apParent)
     connect(mCamlinkControl, &tcCamlinkControl::opened, this, &tcMainWindow::Opened);
 
     settings();
-    restoreSize();
+    restorePlace();
     mCamlinkControl->loadSettings(settings());
 }
 
@@ -83,13 +100,16 @@ QSettings* tcMainWindow::settings()
     return mSettings.get();
 }
 
-void tcMainWindow::restoreSize()
+void tcMainWindow::restorePlace()
 {
     settings()->beginGroup(QStringLiteral("mainwindow"));
     const QSize size = settings()->value(QStringLiteral("size"), cDefaultSize).toSize();
+    const QVariant position = settings()->value(QStringLiteral("position"));
     settings()->endGroup();
     // What somebody wrote into the file by hand may be no size at all.
     resize(size.isEmpty() ? cDefaultSize : size);
+    if (position.canConvert<QPoint>() && isReachable(position.toPoint(), this->size()))
+        move(position.toPoint());
 }
 
 void tcMainWindow::buildMenus()
@@ -173,6 +193,7 @@ void tcMainWindow::storeSettings()
 {
     settings()->beginGroup(QStringLiteral("mainwindow"));
     settings()->setValue(QStringLiteral("size"), size());
+    settings()->setValue(QStringLiteral("position"), pos());
     settings()->endGroup();
     mCamlinkControl->saveSettings(settings());
 }

@@ -35,7 +35,7 @@ private:
     void buildStatusBar();
     void openSettingsFile();
     QSettings* settings();
-    void restoreSize();
+    void restorePlace();
     void storeSettings();
 
     tcCamlinkControl* mCamlinkControl = nullptr; ///< central widget, by Qt parenthood

@@ -61,6 +61,9 @@ void tcCamlinkControl::connectForm()
             mForm->controlSW, &QStackedWidget::setCurrentIndex);
     connect(mForm->openPB, &QPushButton::clicked, this, &tcCamlinkControl::open);
     connect(mForm->portCB, &tcPortBox::aboutToShow, this, &tcCamlinkControl::refreshUnlessOpen);
+    // The button's own shortcut would go whenever its text changes.
+    auto* press = new QShortcut(QKeySequence(QStringLiteral("Ctrl+O")), this);
+    connect(press, &QShortcut::activated, mForm->openPB, &QPushButton::click);
     auto* again = new QShortcut(QKeySequence(QKeySequence::Refresh), this);
     connect(again, &QShortcut::activated, this, &tcCamlinkControl::refreshUnlessOpen);
 }

@@ -16,6 +16,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStandardPaths>
@@ -53,6 +54,8 @@ private Q_SLOTS:
 
     void closingStoresSizeAndCameraOnDisk();
     void restartRestoresSizeAndCamera();
+    void comesBackWhereItWas();
+    void placeOffEveryScreenIsNotTaken();
     void storedSizeThatIsNone_data();
     void storedSizeThatIsNone();
     void brokenSettingsFileStillStarts_data();
@@ -285,9 +288,9 @@ void tst_MainWindow::closingStoresSizeAndCameraOnDisk()
     QFile file(iniFile());
     QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
     const QByteArray text = file.readAll();
-    QVERIFY2(text.contains("[mainwindow]\nsize=@Size(900 640)"), text.constData());
+    QVERIFY2(text.contains("[mainwindow]\nposition="), text.constData());
     QVERIFY2(text.contains("[panel]\ncamera=Vexa-R70"), text.constData());
-    QVERIFY2(!text.contains("pos="), text.constData());
+    QVERIFY2(text.contains("\nsize=@Size(900 640)\n"), text.constData());
 }
 
 void tst_MainWindow::restartRestoresSizeAndCamera()
@@ -300,6 +303,31 @@ void tst_MainWindow::restartRestoresSizeAndCamera()
     make();
     QCOMPARE(mWindow->size(), QSize(900, 640));
     QCOMPARE(child<QComboBox>("cameraCB")->currentText(), QString("Vexa-R70"));
+}
+
+void tst_MainWindow::comesBackWhereItWas()
+{
+    make();
+    mWindow->move(40, 50);
+    mWindow->show();
+    const QPoint place = mWindow->pos();
+    mWindow->close();
+    make();
+    QCOMPARE(mWindow->pos(), place);
+}
+
+void tst_MainWindow::placeOffEveryScreenIsNotTaken()
+{
+    QDir().mkpath(QFileInfo(iniFile()).path());
+    for (const char* place : {"@Point(90000 90000)", "@Point(-5000 10)", "somewhere"}) {
+        QFile file(iniFile());
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(QByteArray("[mainwindow]\nposition=") + place + "\n");
+        file.close();
+        make();
+        QVERIFY2(QGuiApplication::primaryScreen()->availableGeometry().contains(mWindow->pos()),
+                 place);
+    }
 }
 
 void tst_MainWindow::storedSizeThatIsNone_data()

@@ -53,6 +53,8 @@ private Q_SLOTS:
     void refusedOpenWithoutText();
     void refusedOpenChangesNothing();
     void openWithoutPortDoesNothing();
+    void shortcutOpensAndCloses();
+    void shortcutsOfTheVisiblePanel();
     void closeCameraWhenClosedIsHarmless();
     void panelAsksToClose();
     void makerIsKnownBeforeThePort();
@@ -352,6 +354,35 @@ void tst_CamlinkControl::openWithoutPortDoesNothing()
     ports()->setCurrentIndex(-1);
     mChooser->open();
     QVERIFY(mFake.callsOf("clSerialInit").isEmpty());
+}
+
+void tst_CamlinkControl::shortcutOpensAndCloses()
+{
+    mChooser->show();
+    mChooser->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(mChooser.get()));
+    for (const QString& text : {QString("Close"), QString("Open"), QString("Close")}) {
+        QTest::keyClick(mChooser.get(), Qt::Key_O, Qt::ControlModifier);
+        QTRY_COMPARE(button()->text(), text);
+    }
+}
+
+void tst_CamlinkControl::shortcutsOfTheVisiblePanel()
+{
+    mChooser->show();
+    mChooser->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(mChooser.get()));
+    button()->click();
+    QTest::keyClick(mChooser.get(), Qt::Key_G, Qt::ControlModifier);
+    QTRY_COMPARE(mFake.writes(), QList<QByteArray>{"<STRT>\n"});
+    QTest::keyClick(mChooser.get(), Qt::Key_Period, Qt::ControlModifier);
+    QTRY_COMPARE(mFake.writes().last(), QByteArray("<STOP>\n"));
+    pages()->widget(0)->findChild<QComboBox*>("CommandCB")->setEditText("VERS");
+    QTest::keyClick(mChooser.get(), Qt::Key_Return, Qt::ControlModifier);
+    QTRY_COMPARE(mFake.writes().last(), QByteArray("<VERS>\n"));
+    QTest::keyClick(mChooser.get(), Qt::Key_L, Qt::ControlModifier);
+    QTRY_COMPARE(replies(0), QString());
+    QCOMPARE(mFake.writes().size(), 3); // by one panel alone
 }
 
 void tst_CamlinkControl::closeCameraWhenClosedIsHarmless()
