@@ -37,6 +37,7 @@ constexpr int cKeepAliveMs = 1000;
 constexpr quint32 cWriteTimeoutMs = 200;
 constexpr quint32 cFileTimeoutMs = 1000;
 constexpr int cDefaultLength = 5000;
+constexpr int cHiddenHexMs = 200;
 constexpr int cLedSize = 8;
 constexpr int cLastReplyLines = 3;                   ///< two and the frame around them
 constexpr qint64 cMaxScriptBytes = 64 * 1024 * 1024; ///< more is no script
@@ -157,7 +158,6 @@ void tcVexaK40::connectReceiving()
     mRxTimer.setInterval(cRxIntervalMs);
     mKeepAliveTimer.setInterval(cKeepAliveMs);
     mHexTimer.setSingleShot(true);
-    mHexTimer.setInterval(0);
     connect(&mRxTimer, &QTimer::timeout, this, &tcVexaK40::CheckRxData);
     connect(&mKeepAliveTimer, &QTimer::timeout, this, &tcVexaK40::keepAlive);
     connect(&mHexTimer, &QTimer::timeout, this, &tcVexaK40::updateHex);
@@ -402,8 +402,9 @@ void tcVexaK40::clearViews()
 
 void tcVexaK40::updateHexSoon()
 {
+    // Out of sight it may lag a little: it is brought up to date when its tab is chosen.
     if (mHexIsOld && !mHexTimer.isActive())
-        mHexTimer.start();
+        mHexTimer.start(mForm->RespHexPTE->isVisible() ? 0 : cHiddenHexMs);
 }
 
 void tcVexaK40::updateHex()
