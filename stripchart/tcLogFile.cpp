@@ -53,6 +53,8 @@ bool tcLogFile::handOver()
     if (mWaiting.isEmpty())
         return true;
     const qint64 start = mRegular ? mFile.size() : 0;
+    if (mRegular)
+        mFile.seek(start); // not every system finds the end anew before each write
     const qint64 count = mFile.write(mWaiting);
     mUnsynced = mUnsynced || count != 0;
     if (count == mWaiting.size()) {

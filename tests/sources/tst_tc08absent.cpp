@@ -44,6 +44,9 @@ void tst_TC08Absent::nothingIsOfferedAndNothingRegisters()
 
 void tst_TC08Absent::driverInTheCurrentFolderIsNotTaken()
 {
+#ifdef Q_OS_WIN
+    QSKIP("here the program's start-up sees to it, with a test of its own");
+#endif
     QTemporaryDir folder;
     const QString driver = QStringLiteral(TC08SIM_LIBRARY);
     QVERIFY(QFile::copy(driver, folder.filePath(QFileInfo(driver).fileName())));

@@ -77,9 +77,11 @@ private Q_SLOTS:
 
     void linkedFileIsWrittenWhereItIs()
     {
+#ifdef Q_OS_WIN
+        QSKIP("what Qt calls a link here is a shortcut, a file of its own");
+#endif
         put(path("real.csv"), "old");
-        if (!QFile::link(path("real.csv"), path("linked.csv")))
-            QSKIP("no links here");
+        QVERIFY(QFile::link(path("real.csv"), path("linked.csv")));
         tcWholeFile file(path("linked.csv"));
         QVERIFY(file.open());
         QCOMPARE(file.device().write("new"), qint64(3));
