@@ -66,6 +66,10 @@
         <source>Open</source>
         <translation>Öffnen</translation>
     </message>
+    <message>
+        <source>Open or close the port (Ctrl+O)</source>
+        <translation>Anschluss öffnen oder schließen (Strg+O)</translation>
+    </message>
 </context>
 <context>
     <name>StripChart</name>
@@ -460,6 +464,38 @@
         <source>Add Sensor</source>
         <translation>Messstelle hinzufügen</translation>
     </message>
+    <message>
+        <source>Start acquisition (Ctrl+G)</source>
+        <translation>Aufnahme starten (Strg+G)</translation>
+    </message>
+    <message>
+        <source>Ctrl+G</source>
+        <translation>Ctrl+G</translation>
+    </message>
+    <message>
+        <source>Stop acquisition (Ctrl+.)</source>
+        <translation>Aufnahme anhalten (Strg+.)</translation>
+    </message>
+    <message>
+        <source>Ctrl+.</source>
+        <translation>Ctrl+.</translation>
+    </message>
+    <message>
+        <source>Send the command (Ctrl+Return)</source>
+        <translation>Befehl senden (Strg+Eingabe)</translation>
+    </message>
+    <message>
+        <source>Ctrl+Return</source>
+        <translation>Ctrl+Return</translation>
+    </message>
+    <message>
+        <source>Clear the views (Ctrl+L)</source>
+        <translation>Ansichten leeren (Strg+L)</translation>
+    </message>
+    <message>
+        <source>Ctrl+L</source>
+        <translation>Ctrl+L</translation>
+    </message>
 </context>
 <context>
     <name>VexaR60</name>
@@ -555,6 +591,14 @@
         <source>Replies</source>
         <translation>Antworten</translation>
     </message>
+    <message>
+        <source>Send the command (Ctrl+Return)</source>
+        <translation>Befehl senden (Strg+Eingabe)</translation>
+    </message>
+    <message>
+        <source>Ctrl+Return</source>
+        <translation>Ctrl+Return</translation>
+    </message>
 </context>
 <context>
     <name>VexaR70</name>
@@ -649,6 +693,14 @@
     <message>
         <source>Replies</source>
         <translation>Antworten</translation>
+    </message>
+    <message>
+        <source>Send the command (Ctrl+Return)</source>
+        <translation>Befehl senden (Strg+Eingabe)</translation>
+    </message>
+    <message>
+        <source>Ctrl+Return</source>
+        <translation>Ctrl+Return</translation>
     </message>
 </context>
 <context>
@@ -1152,6 +1204,92 @@
 %1</source>
         <translation>Fehler beim Speichern von
 %1</translation>
+    </message>
+</context>
+<context>
+    <name>tcChartFiles</name>
+    <message>
+        <source>Select File to save data to...</source>
+        <translation>Datei zum Speichern der Daten wählen...</translation>
+    </message>
+    <message>
+        <source>csv files (*.csv);; Text file (*.txt)</source>
+        <translation>CSV-Dateien (*.csv);; Textdatei (*.txt)</translation>
+    </message>
+    <message>
+        <source>Saving %1</source>
+        <translation>%1 wird gespeichert</translation>
+    </message>
+    <message>
+        <source>Error trying to save
+%1</source>
+        <translation type="unfinished">Fehler beim Speichern von
+%1</translation>
+    </message>
+    <message>
+        <source>Select CSV File to load data from...</source>
+        <translation>CSV-Datei zum Laden der Daten wählen...</translation>
+    </message>
+    <message>
+        <source>csv files (*.csv)</source>
+        <translation>CSV-Dateien (*.csv)</translation>
+    </message>
+    <message>
+        <source>Error trying to load
+%1</source>
+        <translation>Fehler beim Laden von
+%1</translation>
+    </message>
+    <message>
+        <source>Loading %1</source>
+        <translation>%1 wird geladen</translation>
+    </message>
+    <message>
+        <source>Unable to load file.. not enough columns</source>
+        <translation>Die Datei kann nicht geladen werden .. zu wenige Spalten</translation>
+    </message>
+    <message>
+        <source>From: %1</source>
+        <translation>Aus: %1</translation>
+    </message>
+    <message>
+        <source>Select File to save chart to...</source>
+        <translation>Datei zum Speichern des Schreibers wählen...</translation>
+    </message>
+    <message>
+        <source>PNG image file (*.png)</source>
+        <translation>PNG-Bilddatei (*.png)</translation>
+    </message>
+</context>
+<context>
+    <name>tcChartLog</name>
+    <message>
+        <source>Select File to save data to...</source>
+        <translation>Datei zum Speichern der Daten wählen...</translation>
+    </message>
+    <message>
+        <source>csv files (*.csv);; Text file (*.txt)</source>
+        <translation>CSV-Dateien (*.csv);; Textdatei (*.txt)</translation>
+    </message>
+    <message>
+        <source>- Unable to open %1</source>
+        <translation>- %1 kann nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>Log Duration</source>
+        <translation>Dauer des Protokolls</translation>
+    </message>
+    <message>
+        <source>Minutes (0 = forever):</source>
+        <translation>Minuten (0 = ohne Ende):</translation>
+    </message>
+    <message>
+        <source> - End: %1</source>
+        <translation> - Ende: %1</translation>
+    </message>
+    <message>
+        <source>- Unable to write %1</source>
+        <translation>- %1 kann nicht geschrieben werden</translation>
     </message>
 </context>
 </TS>
