@@ -222,6 +222,13 @@ bool tcCsvReader::slowTime(const QByteArray& acText)
 
 const char* tcCsvReader::parseValue(const char* acAt, const char* acStop)
 {
+    // Curves of different clocks leave most fields of a row empty.
+    if (*acAt == ',' && !mOversized) {
+        const char* stop
+            = std::find_if_not(acAt, acStop, [](char aChar) { return aChar == ','; });
+        mField += static_cast<size_t>(stop - acAt);
+        return stop;
+    }
     double value = 0;
     const char* end = tcNumberText::scanDecimal(acAt, value);
     if (end && isDelimiter(*end) && !mOversized) {

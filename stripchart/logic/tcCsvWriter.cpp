@@ -48,15 +48,24 @@ bool tcCsvWriter::rows(tcRowMerge& arMerge, const tcProgress& acProgress)
 
 void tcCsvWriter::row(const tcRowMerge& acMerge)
 {
-    reserve(tcNumberText::cLongest);
-    mAt = tcNumberText::writeInteger(mAt, acMerge.time());
-    for (const double* value : acMerge.values()) {
-        reserve(tcNumberText::cLongest + 2);
-        *mAt++ = ',';
+    constexpr size_t cFieldBytes = tcNumberText::cLongest + 1;
+    const std::vector<const double*>& values = acMerge.values();
+    // One look at the room left for the whole row, unless it is as wide as the buffer itself.
+    const bool wide = (values.size() + 2) * cFieldBytes > cBufferBytes;
+    reserve(wide ? cFieldBytes : (values.size() + 2) * cFieldBytes);
+    char* at = tcNumberText::writeInteger(mAt, acMerge.time());
+    for (const double* value : values) {
+        if (wide) {
+            mAt = at;
+            reserve(cFieldBytes + 1);
+            at = mAt;
+        }
+        *at++ = ',';
         if (value)
-            mAt = tcNumberText::writeFixed3(mAt, *value);
+            at = tcNumberText::writeFixed3(at, *value);
     }
-    byte('\n');
+    *at++ = '\n';
+    mAt = at;
 }
 
 void tcCsvWriter::emptyLine()

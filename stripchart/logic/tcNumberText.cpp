@@ -37,6 +37,14 @@ constexpr tcPairs cPairs = pairsOfDigits();
 
 char* writeDigits(char* apOut, quint64 anNumber)
 {
+    if (anNumber < 10) {
+        *apOut = static_cast<char>('0' + anNumber);
+        return apOut + 1;
+    }
+    if (anNumber < 100) {
+        std::memcpy(apOut, cPairs.digits + 2 * anNumber, 2);
+        return apOut + 2;
+    }
     char digits[20];
     int first = sizeof digits;
     while (anNumber >= 100) {

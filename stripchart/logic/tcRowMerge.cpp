@@ -47,6 +47,7 @@ tcRowMerge::tcRowMerge(const std::vector<tcColumnView>& acColumns)
             sort(cursor);
         if (cursor.left > 0)
             mHeads[i] = wholeMs(*cursor.times);
+        mNextTime = std::min(mNextTime, mHeads[i]);
         mTotal += cursor.left;
     }
     mLeft = mTotal;
@@ -78,21 +79,31 @@ bool tcRowMerge::next()
 {
     if (mLeft == 0)
         return false;
-    mTime = *std::min_element(mHeads.begin(), mHeads.end());
-    for (size_t i = 0; i < mCursors.size(); ++i) {
-        mRow[i] = nullptr;
-        if (mHeads[i] != mTime)
-            continue;
-        tcCursor& cursor = mCursors[i];
-        // The largest time also stands for "none left", hence the second look.
-        while (cursor.left > 0 && mHeads[i] == mTime) {
-            mRow[i] = cursor.values;
-            ++cursor.times;
-            ++cursor.values;
-            --cursor.left;
-            --mLeft;
-            mHeads[i] = cursor.left > 0 ? wholeMs(*cursor.times) : cNoTime;
-        }
+    mTime = mNextTime;
+    qint64 nextTime = cNoTime;
+    const size_t count = mCursors.size();
+    qint64* heads = mHeads.data();
+    const double** row = mRow.data();
+    for (size_t i = 0; i < count; ++i) {
+        row[i] = nullptr;
+        if (heads[i] == mTime)
+            row[i] = take(mCursors[i], heads[i]);
+        nextTime = std::min(nextTime, heads[i]);
     }
+    mNextTime = nextTime;
     return true;
+}
+
+const double* tcRowMerge::take(tcCursor& arCursor, qint64& arHead)
+{
+    const double* value = nullptr;
+    // The largest time also stands for "none left", hence the second look.
+    while (arHead == mTime && arCursor.left > 0) {
+        value = arCursor.values++;
+        ++arCursor.times;
+        --arCursor.left;
+        --mLeft;
+        arHead = arCursor.left > 0 ? wholeMs(*arCursor.times) : cNoTime;
+    }
+    return value;
 }

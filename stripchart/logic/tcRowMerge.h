@@ -2,6 +2,7 @@
 
 #include <QtGlobal>
 
+#include <limits>
 #include <vector>
 
 /// The samples of one curve for as long as a file is written. Not owned.
@@ -41,11 +42,13 @@ private:
     };
 
     static void sort(tcCursor& arCursor);
+    const double* take(tcCursor& arCursor, qint64& arHead);
 
     std::vector<tcCursor> mCursors;
     std::vector<qint64> mHeads; ///< time of each cursor's next sample
     std::vector<const double*> mRow;
     qint64 mTime = 0;
+    qint64 mNextTime = std::numeric_limits<qint64>::max();
     qint64 mTotal = 0;
     qint64 mLeft = 0;
 };
