@@ -1223,7 +1223,7 @@
     <message>
         <source>Error trying to save
 %1</source>
-        <translation type="unfinished">Fehler beim Speichern von
+        <translation>Fehler beim Speichern von
 %1</translation>
     </message>
     <message>
