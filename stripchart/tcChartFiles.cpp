@@ -34,12 +34,22 @@ QString documents()
 class tcSnapshot
 {
 public:
-    tcSnapshot(const QVector<tcStripCurve*>& acCurves, const tcMarkerTable& acMarkers)
+    /// False when acStep said stop. Events run between two curves, so that some may be deleted.
+    bool take(const QVector<tcStripCurve*>& acCurves, const tcMarkerTable& acMarkers,
+              const tcProgress& acStep)
     {
-        for (const tcStripCurve* curve : acCurves)
-            add(*curve);
         for (const tcStripMarker* marker : acMarkers.markers())
             mMarkers.append({marker->value(), marker->label().text()});
+        std::vector<std::weak_ptr<const void>> lives;
+        for (const tcStripCurve* curve : acCurves)
+            lives.push_back(curve->lifetime());
+        for (int i = 0; i < acCurves.size(); ++i) {
+            if (!lives[static_cast<size_t>(i)].expired())
+                add(*acCurves.at(i));
+            if (!acStep(0, 1))
+                return false;
+        }
+        return true;
     }
 
     bool write(QIODevice& arDevice, const tcProgress& acProgress) const
@@ -134,26 +144,29 @@ void tcChartFiles::save(const QString& acChartName)
         return;
     remember(path);
     mBusy = true;
-    bool saved = false;
-    bool cancelled = false;
-    {
-        tcBusy busy(mParts.chart, tr("Saving %1").arg(QFileInfo(path).fileName()),
-                    Qt::WaitCursor);
-        tcWholeFile file(path);
-        const tcSnapshot snapshot(mParts.curves.curves(), mParts.markers);
-        saved = file.open()
-            && snapshot.write(file.device(),
-                              [&busy, &cancelled](qint64 anDone, qint64 anTotal) {
-                                  cancelled = !busy.step(anDone, anTotal);
-                                  return !cancelled;
-                              });
-        saved = saved && file.commit();
-    }
+    bool stopped = false;
+    const bool saved = write(path, &stopped);
     if (!self)
         return;
     mBusy = false;
-    if (!saved && !cancelled)
+    if (!saved && !stopped)
         warn(acChartName, tr("Error trying to save\n%1").arg(path));
+}
+
+bool tcChartFiles::write(const QString& acPath, bool* apStopped)
+{
+    tcBusy busy(mParts.chart, tr("Saving %1").arg(QFileInfo(acPath).fileName()),
+                Qt::WaitCursor);
+    const tcProgress step = [&busy, apStopped](qint64 anDone, qint64 anTotal) {
+        *apStopped = !busy.step(anDone, anTotal);
+        return !*apStopped;
+    };
+    tcWholeFile file(acPath);
+    tcSnapshot snapshot;
+    if (!file.open() || !snapshot.take(mParts.curves.curves(), mParts.markers, step)
+        || !snapshot.write(file.device(), step))
+        return false;
+    return file.commit([&busy] { busy.step(1, 1); });
 }
 
 void tcChartFiles::load(const QString& acFile, const QString& acChartName)

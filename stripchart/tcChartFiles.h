@@ -70,6 +70,7 @@ private:
         qint64 ms = 0;
     };
 
+    bool write(const QString& acPath, bool* apStopped);
     void showFile(QIODevice& arDevice, const QString& acFile, const QString& acChartName);
     bool readRows(tcCsvReader& arReader, const tcLoadedFile::tcStep& acStep);
     void showSpan();

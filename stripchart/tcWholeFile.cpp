@@ -6,6 +6,16 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <chrono>
+#include <future>
+
+namespace
+{
+
+constexpr std::chrono::milliseconds cMeanwhile{20};
+
+} // namespace
+
 tcWholeFile::tcWholeFile(const QString& acPath)
 {
     const QFileInfo there(acPath);
@@ -27,9 +37,18 @@ bool tcWholeFile::open()
     return mFile->open(QIODevice::WriteOnly | QIODevice::Unbuffered);
 }
 
-bool tcWholeFile::commit()
+bool tcWholeFile::commit(const std::function<void()>& acMeanwhile)
 {
-    const bool onDisk = mFile->error() == QFileDevice::NoError && tcFileSync::toDisk(*mFile);
+    bool onDisk = mFile->error() == QFileDevice::NoError;
+    if (onDisk && acMeanwhile) {
+        auto sync
+            = std::async(std::launch::async, [this] { return tcFileSync::toDisk(*mFile); });
+        while (sync.wait_for(cMeanwhile) != std::future_status::ready)
+            acMeanwhile();
+        onDisk = sync.get();
+    } else if (onDisk) {
+        onDisk = tcFileSync::toDisk(*mFile);
+    }
     auto* replacing = qobject_cast<QSaveFile*>(mFile.get());
     if (!replacing) {
         mFile->close();

@@ -3,6 +3,7 @@
 #include <QFileDevice>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 /// A file that is written whole or not at all: until commit() has succeeded the old one stands.
@@ -19,8 +20,9 @@ public:
     bool open();
     QFileDevice& device() { return *mFile; }
     /// Puts the file in place once it is on the disk. False when any write before, the disk or
-    /// the exchange failed.
-    bool commit();
+    /// the exchange failed. A slow disk is waited for in another thread; acMeanwhile runs again
+    /// and again until it is done.
+    bool commit(const std::function<void()>& acMeanwhile = {});
 
 private:
     std::unique_ptr<QFileDevice> mFile;
