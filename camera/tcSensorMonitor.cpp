@@ -47,11 +47,12 @@ std::unique_ptr<tcDataSource> temporarySource(const QString& acType)
 } // namespace
 
 tcSensorMonitor::tcSensorMonitor(const tcControls& acControls, QObject* apParent)
-    : QObject(apParent), mControls(acControls), mChart(std::make_unique<tcStripChart>())
+    : QObject(apParent), mControls(acControls)
 {
     setUpList();
-    setUpChart();
-    setUpSourceMenu();
+    auto* menu = new QMenu(tr("Data Sources..."), mControls.addSource);
+    mControls.addSource->setMenu(menu);
+    connect(menu, &QMenu::aboutToShow, this, &tcSensorMonitor::fillSourceMenu);
     setPollPeriod(mControls.pollSeconds->value());
     connect(&mPollTimer, &QTimer::timeout, this, &tcSensorMonitor::pollAll);
     connect(mControls.pollSeconds, qOverload<int>(&QSpinBox::valueChanged), this,
@@ -61,7 +62,8 @@ tcSensorMonitor::tcSensorMonitor(const tcControls& acControls, QObject* apParent
 tcSensorMonitor::~tcSensorMonitor()
 {
     mPollTimer.stop();
-    mChart->hide();
+    if (mChart)
+        mChart->hide();
     stopSources();
 }
 
@@ -69,6 +71,16 @@ void tcSensorMonitor::setUpList()
 {
     for (const tcSensorRow& row : cCameraSensors)
         addEntry(row.kind, tr(row.name), {});
+}
+
+/// Made at first need: six panels start with the program, and few of them ever plot.
+tcStripChart& tcSensorMonitor::chart()
+{
+    if (!mChart) {
+        mChart = std::make_unique<tcStripChart>();
+        setUpChart();
+    }
+    return *mChart;
 }
 
 void tcSensorMonitor::setUpChart()
@@ -81,10 +93,13 @@ void tcSensorMonitor::setUpChart()
     mChart->setYRange(cRightAxis, 0, 100);
 }
 
-void tcSensorMonitor::setUpSourceMenu()
+/// Once, when it is first looked at: asking instruments what they offer takes time that the
+/// start of the program can do without.
+void tcSensorMonitor::fillSourceMenu()
 {
-    auto* menu = new QMenu(tr("Data Sources..."), mControls.addSource);
-    mControls.addSource->setMenu(menu);
+    if (std::exchange(mSourceMenuFilled, true))
+        return;
+    QMenu* menu = mControls.addSource->menu();
     for (const QString& type :
          {tcOmegaTempMonitor::registeredName(), tcPicoTC08Source::registeredName()}) {
         const std::unique_ptr<tcDataSource> source = temporarySource(type);
@@ -144,8 +159,8 @@ void tcSensorMonitor::showTemps(bool abOn)
     Q_EMIT command(QStringLiteral("<GTEC>"));
     plotCheckedItems();
     mPollTimer.start();
-    mChart->show();
-    mChart->raise();
+    chart().show();
+    chart().raise();
 }
 
 /// False when this object was destroyed meanwhile: stopping lets the event loop run.
@@ -169,7 +184,7 @@ bool tcSensorMonitor::stopSources()
 
 void tcSensorMonitor::removeCurve(tcStripCurve* apCurve)
 {
-    mChart->removeCurve(apCurve);
+    chart().removeCurve(apCurve);
     const auto isIt = [apCurve](const auto& acCurve) { return acCurve.get() == apCurve; };
     mCurves.erase(std::remove_if(mCurves.begin(), mCurves.end(), isIt), mCurves.end());
 }
@@ -178,7 +193,7 @@ void tcSensorMonitor::plotCheckedItems()
 {
     mSensorCommands.clear();
     for (const auto& curve : mCurves)
-        mChart->removeCurve(curve.get());
+        chart().removeCurve(curve.get());
     mSensorCurves.clear();
     mCurves.clear();
     mCurveKey = QUuid::createUuid();
@@ -213,7 +228,7 @@ void tcSensorMonitor::plotSource(const QListWidgetItem& acItem)
     // By key and index: a reading that is still under way when the curve goes is dropped.
     connect(source, &tcDataSource::tempReading, this,
             [this, key = mCurveKey, index = curve->index()](qint64 anMs, double anValue) {
-                mChart->updateData(key, index, anMs, anValue);
+                chart().updateData(key, index, anMs, anValue);
             });
     connect(source, &tcDataSource::message, this, &tcSensorMonitor::message);
     source->start();
@@ -227,9 +242,9 @@ tcStripCurve* tcSensorMonitor::addCurve(const QListWidgetItem& acItem)
     tcStripCurve* curve = mCurves.back().get();
     curve->setTitle(acItem.text());
     curve->setPen(QPen(tcStripCurve::stripCurveColor(mNextColor++)));
-    mChart->addCurve(curve, mCurveKey);
+    chart().addCurve(curve, mCurveKey);
     const bool left = acItem.data(cKindRole).toInt() == static_cast<int>(teSensorKind::Left);
-    mChart->assignAxis(curve, left ? cLeftAxis : cRightAxis);
+    chart().assignAxis(curve, left ? cLeftAxis : cRightAxis);
     return curve;
 }
 
@@ -270,5 +285,5 @@ void tcSensorMonitor::addReading(int anNumber, double anValue)
 void tcSensorMonitor::showSetPoint(bool abOn, double anSetPoint)
 {
     const QPen pen = abOn ? QPen(Qt::white, 0, Qt::SolidLine) : QPen(Qt::gray, 0, Qt::DashLine);
-    mChart->setLineMarker(mSetPointMarker, anSetPoint, pen);
+    chart().setLineMarker(mSetPointMarker, anSetPoint, pen);
 }

@@ -54,7 +54,8 @@ public:
     void addReading(int anNumber, double anValue);
     void showSetPoint(bool abOn, double anSetPoint);
 
-    tcStripChart& chart() const { return *mChart; }
+    /// The chart window, hidden until something is plotted.
+    tcStripChart& chart();
 
 Q_SIGNALS:
     /// To be sent to the camera, if it is connected.
@@ -73,7 +74,7 @@ private:
 
     void setUpList();
     void setUpChart();
-    void setUpSourceMenu();
+    void fillSourceMenu();
     void addEntry(teSensorKind aeKind, const QString& acName, const QString& acSourceType,
                   const QString& acDisplayText = {});
     bool stopSources();
@@ -85,7 +86,7 @@ private:
     void setPollPeriod(int anSeconds);
 
     tcControls mControls;
-    std::unique_ptr<tcStripChart> mChart;
+    std::unique_ptr<tcStripChart> mChart;               ///< null until chart() is first called
     std::vector<std::unique_ptr<tcStripCurve>> mCurves; ///< goes before the chart
     QUuid mCurveKey;                                    ///< files the curves of one start
     QMap<int, QString> mSensorCommands;
@@ -96,4 +97,5 @@ private:
     int mNextColor = 0;
     int mNextIndex = 0;
     bool mStopping = false;
+    bool mSourceMenuFilled = false;
 };

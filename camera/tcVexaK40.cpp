@@ -477,7 +477,10 @@ void tcVexaK40::saveSettings(QSettings* apSettings)
     }
     apSettings->endArray();
     apSettings->setValue(QStringLiteral("mMaxDescriptionLength"), mMaxDescriptionLength);
-    apSettings->setValue(QStringLiteral("tab"), mForm->tabWidget->currentIndex());
+    if (mForm->tabWidget->currentIndex() > 0)
+        apSettings->setValue(QStringLiteral("tab"), mForm->tabWidget->currentIndex());
+    else
+        apSettings->remove(QStringLiteral("tab"));
     apSettings->endGroup();
 }
 
