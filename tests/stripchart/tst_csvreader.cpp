@@ -361,7 +361,8 @@ private Q_SLOTS:
                                       << QByteArray("\n3,3\n") << rest << some;
         QTest::newRow("a title") << QByteArray("t,A") << x << QByteArray(",\n1,1\n")
                                  << QStringList(
-                                        {'A' + QString(tcCsvReader::cMaxTitle - 1, 'x') + "="}) << all;
+                                        {'A' + QString(tcCsvReader::cMaxTitle - 1, 'x') + "="})
+                                 << all;
         QTest::newRow("blanks") << QByteArray("t,A\n1,1\n") << QByteArray(10, ' ')
                                 << QByteArray("\n3,3\n") << rest << some;
     }
