@@ -42,6 +42,7 @@ tcStripChart::tcStripChart(QWidget* apParent)
     mForm->setupUi(this);
     mForm->qwtPlot->setMinimumSize(cPlotMinimumWidth, cPlotMinimumHeight);
     mForm->qwtPlot->setAutoDelete(false);
+    mForm->qwtPlot->canvas()->setAccessibleName(tr("Chart"));
     mReplot = std::make_unique<tcReplotRequest>(*mForm->qwtPlot);
     mTools = std::make_unique<tcPlotTools>(*mForm->qwtPlot);
     mAxes = std::make_unique<tcAxisControl>(*mForm, mTools->grid());

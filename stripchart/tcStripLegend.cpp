@@ -91,6 +91,8 @@ QWidget* tcStripLegend::createWidget(const QwtLegendData&) const
 void tcStripLegend::updateWidget(QWidget* apWidget, const QwtLegendData& acData)
 {
     QwtLegend::updateWidget(apWidget, acData);
-    if (auto* label = qobject_cast<tcLegendLabel*>(apWidget))
+    if (auto* label = qobject_cast<tcLegendLabel*>(apWidget)) {
         label->updateIndent();
+        label->setAccessibleName(label->text().text());
+    }
 }

@@ -1,0 +1,229 @@
+#include "app/tcMainWindow.h"
+#include "stripchart/tcStripChart.h"
+#include "tests/support/tcFakeSerial.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QTabWidget>
+#include <QTest>
+
+#include <memory>
+
+/// Every control that an operator can reach: whether a screen reader can call it something, and
+/// whether the keyboard alone gets there.
+class tst_Accessible : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void theCheckFindsWhatIsWrong();
+    void cameraPanels_data();
+    void cameraPanels();
+    void chart_data();
+    void chart();
+
+private:
+    void writeSettings(const QString& acCamera, bool abAdvanced) const;
+    void openWindow();
+    static void toCheckEachTab(QWidget& arWindow);
+
+    tcFakeSerial& mFake = tcFakeSerial::instance();
+    std::unique_ptr<tcMainWindow> mWindow;
+};
+
+namespace
+{
+
+/// Below a window, seen now, and taking the focus for themselves.
+QList<QWidget*> focusable(const QWidget& acWindow)
+{
+    QList<QWidget*> found;
+    for (QWidget* widget : acWindow.findChildren<QWidget*>()) {
+        if (widget->window() == &acWindow && widget->isVisible() && widget->isEnabled()
+            && !widget->focusProxy() && (widget->focusPolicy() & Qt::TabFocus))
+            found.append(widget);
+    }
+    return found;
+}
+
+QString described(const QWidget& acWidget)
+{
+    return QStringLiteral("%1 \"%2\" in \"%3\"")
+        .arg(QString::fromLatin1(acWidget.metaObject()->className()), acWidget.objectName(),
+             acWidget.parentWidget() ? acWidget.parentWidget()->objectName() : QString());
+}
+
+QStringList nameless(const QWidget& acWindow)
+{
+    QStringList found;
+    for (QWidget* widget : focusable(acWindow)) {
+        QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(widget);
+        if (!reader || reader->text(QAccessible::Name).trimmed().isEmpty())
+            found.append(described(*widget));
+    }
+    return found;
+}
+
+QStringList unreachable(QWidget& arWindow)
+{
+    QList<QWidget*> left = focusable(arWindow);
+    const int most = 4 * left.size() + 8;
+    for (int step = 0; step < most && !left.isEmpty(); ++step) {
+        QWidget* now = QApplication::focusWidget();
+        left.removeAll(now);
+        QTest::keyClick(now ? now : &arWindow, Qt::Key_Tab);
+    }
+    QStringList found;
+    for (const QWidget* widget : qAsConst(left))
+        found.append(described(*widget));
+    return found;
+}
+
+} // namespace
+
+void tst_Accessible::init()
+{
+    mFake.reset();
+    mFake.ports = {{"Maker", "Port", 0}};
+    QDir(QStandardPaths::writableLocation(QStandardPaths::ConfigLocation)).removeRecursively();
+}
+
+void tst_Accessible::cleanup()
+{
+    mWindow.reset();
+}
+
+void tst_Accessible::writeSettings(const QString& acCamera, bool abAdvanced) const
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::ConfigLocation);
+    QDir().mkpath(folder);
+    QSettings settings(folder + "/tarvik.ini", QSettings::IniFormat);
+    settings.setValue("panel/camera", acCamera);
+    settings.setValue(acCamera + "/advanced", abAdvanced);
+}
+
+void tst_Accessible::openWindow()
+{
+    mWindow = std::make_unique<tcMainWindow>();
+    mWindow->show();
+    mWindow->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(mWindow.get()));
+}
+
+/// What a tab hides is looked at when the tab is in front.
+void tst_Accessible::toCheckEachTab(QWidget& arWindow)
+{
+    QCOMPARE(nameless(arWindow).join("; "), QString());
+    QCOMPARE(unreachable(arWindow).join("; "), QString());
+    for (QTabWidget* tabs : arWindow.findChildren<QTabWidget*>()) {
+        if (!tabs->isVisible())
+            continue;
+        for (int page = 0; page < tabs->count(); ++page) {
+            tabs->setCurrentIndex(page);
+            QCOMPARE(nameless(arWindow).join("; "), QString());
+            QCOMPARE(unreachable(arWindow).join("; "), QString());
+        }
+        tabs->setCurrentIndex(0);
+    }
+}
+
+void tst_Accessible::theCheckFindsWhatIsWrong()
+{
+    QWidget window;
+    QPushButton silent(&window);
+    QComboBox spoken(&window);
+    spoken.setAccessibleName("Spoken");
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    silent.setObjectName("silent");
+    QCOMPARE(nameless(window).size(), 1);
+    QVERIFY(nameless(window).first().contains("silent"));
+    QCOMPARE(unreachable(window), QStringList());
+
+    // A control that keeps Tab to itself hides what comes behind it.
+    QPlainTextEdit keeper(&window);
+    keeper.setTabChangesFocus(false);
+    keeper.setAccessibleName("Keeper");
+    keeper.show();
+    QPushButton behind("Behind", &window);
+    behind.show();
+    silent.setFocus();
+    QCOMPARE(unreachable(window).size(), 1);
+    QVERIFY(unreachable(window).first().startsWith("QPushButton"));
+}
+
+void tst_Accessible::cameraPanels_data()
+{
+    QTest::addColumn<QString>("camera");
+    QTest::addColumn<bool>("advanced");
+    QTest::newRow("basic R60") << "Vexa-R60" << false;
+    QTest::newRow("basic R70") << "Vexa-R70" << false;
+    QTest::newRow("full") << "Vexa-K20 (Temp controlled)" << false;
+    QTest::newRow("full, all buttons") << "Vexa-K50" << true;
+}
+
+void tst_Accessible::cameraPanels()
+{
+    QFETCH(QString, camera);
+    QFETCH(bool, advanced);
+    writeSettings(camera, advanced);
+    openWindow();
+    QCOMPARE(mWindow->findChild<QComboBox*>("cameraCB")->currentText(), camera);
+    QVERIFY(focusable(*mWindow).size() >= 8);
+    toCheckEachTab(*mWindow);
+}
+
+void tst_Accessible::chart_data()
+{
+    QTest::addColumn<int>("sensors");
+    QTest::newRow("without curves") << 0;
+    QTest::newRow("with curves") << 3;
+}
+
+void tst_Accessible::chart()
+{
+    QFETCH(int, sensors);
+    writeSettings("Vexa-K50", false);
+    openWindow();
+    auto* panel = mWindow->findChild<QWidget*>("VexaK40");
+    auto visible = [this](const char* acName) -> QWidget* {
+        for (QWidget* widget : mWindow->findChildren<QWidget*>(acName)) {
+            if (widget->isVisible())
+                return widget;
+        }
+        return nullptr;
+    };
+    QVERIFY(panel);
+    auto* list = qobject_cast<QListWidget*>(visible("sensorsLW"));
+    auto* plot = qobject_cast<QPushButton*>(visible("tempsPB"));
+    QVERIFY(list && plot);
+    for (int row = 0; row < sensors; ++row)
+        list->item(row)->setCheckState(Qt::Checked);
+    plot->click();
+    tcStripChart* chart = nullptr;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && qobject_cast<tcStripChart*>(window))
+            chart = qobject_cast<tcStripChart*>(window);
+    }
+    QVERIFY(chart);
+    chart->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(chart));
+    QVERIFY(focusable(*chart).size() >= 10);
+    toCheckEachTab(*chart);
+    plot->click();
+}
+
+QTEST_MAIN(tst_Accessible)
+#include "tst_accessible.moc"
