@@ -96,6 +96,10 @@ const char* describe(tcCsvReport::teReason aReason)
         return "Field skipped, no number:";
     case tcCsvReport::teReason::TooManyFields:
         return "Field skipped, too many in its row:";
+    case tcCsvReport::teReason::BadMarker:
+        return "Marker skipped, no point:";
+    case tcCsvReport::teReason::TooManyMarkers:
+        return "Marker skipped, too many:";
     }
     return "";
 }
@@ -107,15 +111,16 @@ void logReport(const tcCsvReport& acReport, const QString& acFile)
         (malformed ? qInfo() : qDebug())
             << describe(skipped.reason) << skipped.text << "line" << skipped.line;
     }
-    if (acReport.skippedRows + acReport.skippedFields > 0)
+    if (acReport.skipped() > 0)
         qDebug() << acFile << "rows" << acReport.rows << "skipped rows" << acReport.skippedRows
-                 << "skipped fields" << acReport.skippedFields;
+                 << "skipped fields" << acReport.skippedFields << "skipped markers"
+                 << acReport.skippedMarkers;
 }
 
 } // namespace
 
 tcChartFiles::tcChartFiles(const tcParts& acParts, tcActions aActions)
-    : mParts(acParts), mActions(std::move(aActions))
+    : mParts(acParts), mActions(std::move(aActions)), mFileMarkers(acParts.markers)
 {
 }
 
@@ -130,6 +135,12 @@ void tcChartFiles::setStatus(const QString& acStatus)
 {
     mStatus = acStatus;
     Q_EMIT statusChanged();
+}
+
+void tcChartFiles::setReport(const tcCsvReport& acReport)
+{
+    mReport = acReport;
+    Q_EMIT reportChanged();
 }
 
 void tcChartFiles::save(const QString& acChartName)
@@ -149,7 +160,9 @@ void tcChartFiles::save(const QString& acChartName)
     if (!self)
         return;
     mBusy = false;
-    if (!saved && !stopped)
+    if (saved)
+        Q_EMIT fileUsed(path);
+    else if (!stopped)
         warn(acChartName, tr("Error trying to save\n%1").arg(path));
 }
 
@@ -207,6 +220,8 @@ void tcChartFiles::showFile(QIODevice& arDevice, const QString& acFile,
                  })) {
             logReport(reader.report(), acFile);
             setStatus(tr("From: %1").arg(acFile));
+            setReport(reader.report());
+            Q_EMIT fileUsed(acFile);
             if (reader.failed())
                 problem = tr("Error trying to load\n%1").arg(acFile);
         }
@@ -239,6 +254,7 @@ bool tcChartFiles::readRows(tcCsvReader& arReader, const tcLoadedFile::tcStep& a
         if (!self)
             return false;
         showSpan();
+        mFileMarkers.show(arReader.markers());
         mParts.form.spinBoxSamples->setEnabled(false);
         mParts.form.toolButton_Load->setDefaultAction(mParts.form.actionResume_Feed);
     } else if (updating) {
@@ -279,6 +295,8 @@ void tcChartFiles::resume()
     if (!shown)
         return;
     mLoaded.resume(mActions.fileCurve);
+    mFileMarkers.clear();
+    setReport({});
     mParts.form.spinBoxSpanSec->setValue(mLiveSpan.seconds);
     mParts.axes.setSpanMs(mLiveSpan.ms);
     mLiveSpan = {};

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "stripchart/logic/tcCsvReport.h"
 #include "stripchart/tcLoadedFile.h"
+#include "stripchart/tcLoadedMarkers.h"
 
 #include <QObject>
 #include <QString>
@@ -59,9 +61,13 @@ public:
     void keepReading(const QUuid& acKey, int anIndex, qint64 anMsSinceEpoch, double anValue);
     tcLoadedFile& loadedFile() { return mLoaded; }
     QString status() const { return mStatus; } ///< for the window title
+    /// What was passed over in the file shown; empty while none is.
+    const tcCsvReport& report() const { return mReport; }
 
 Q_SIGNALS:
     void statusChanged();
+    void reportChanged();
+    void fileUsed(const QString& acFile); ///< saved or loaded
 
 private:
     struct tcSpan
@@ -75,11 +81,14 @@ private:
     bool readRows(tcCsvReader& arReader, const tcLoadedFile::tcStep& acStep);
     void showSpan();
     void setStatus(const QString& acStatus);
+    void setReport(const tcCsvReport& acReport);
     void warn(const QString& acChartName, const QString& acText);
 
     tcParts mParts;
     tcActions mActions;
     tcLoadedFile mLoaded;
+    tcLoadedMarkers mFileMarkers;
+    tcCsvReport mReport;
     QString mFile;
     QString mStatus;
     tcSpan mLiveSpan; ///< while a file is shown

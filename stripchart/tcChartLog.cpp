@@ -90,6 +90,7 @@ void tcChartLog::start(const QString& acChartName)
     mWriter = std::move(writer);
     mChartName = acChartName;
     mFailed = false;
+    Q_EMIT started(path);
     runFor(minutes.value_or(0));
 }
 

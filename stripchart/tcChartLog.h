@@ -33,7 +33,8 @@ public:
     QString status() const { return mStatus; } ///< for the window title
 
 Q_SIGNALS:
-    void changed(); ///< file or status
+    void changed();                      ///< file or status
+    void started(const QString& acFile); ///< the file is open
     void fileChosen(const QString& acFile);
 
 private:

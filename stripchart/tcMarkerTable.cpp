@@ -50,6 +50,13 @@ QUuid tcMarkerTable::add(std::unique_ptr<tcStripMarker> apMarker)
     return key;
 }
 
+QUuid tcMarkerTable::addLogged(std::unique_ptr<tcStripMarker> apMarker)
+{
+    const QUuid key = add(std::move(apMarker));
+    mUnlogged.removeOne(key);
+    return key;
+}
+
 QUuid tcMarkerTable::addLine(const QString& acName, double anValue)
 {
     auto line = std::make_unique<tcStripLineMarker>(acName);
@@ -154,15 +161,20 @@ void tcMarkerTable::setText(const QUuid& acKey, const QString& acText)
     Q_EMIT textChanged(acKey);
 }
 
-void tcMarkerTable::remove(const QUuid& acKey)
+void tcMarkerTable::remove(const QVector<QUuid>& acKeys)
 {
-    tcStripMarker* marker = mMarkers.take(acKey);
-    if (!marker)
-        return;
-    mOrder.removeAll(acKey);
-    delete marker;
-    Q_EMIT removed(acKey);
-    mPlot.replot();
+    bool any = false;
+    for (const QUuid& key : acKeys) {
+        tcStripMarker* marker = mMarkers.take(key);
+        if (!marker)
+            continue;
+        any = true;
+        mOrder.removeAll(key);
+        delete marker;
+        Q_EMIT removed(key);
+    }
+    if (any)
+        mPlot.replot();
 }
 
 std::unique_ptr<QMenu> tcMarkerTable::menuFor(const QUuid& acKey)

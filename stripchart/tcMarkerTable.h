@@ -28,6 +28,8 @@ public:
 
     /// Puts a marker on the plot and returns its key.
     QUuid add(std::unique_ptr<tcStripMarker> apMarker);
+    /// The same for one that stands in a file already, so that no log writes it again.
+    QUuid addLogged(std::unique_ptr<tcStripMarker> apMarker);
     /// A horizontal line across the canvas with a label that tells name and value.
     QUuid addLine(const QString& acName, double anValue);
     /// Moves a line, with its label, and gives it another pen; false for an unknown key.
@@ -48,7 +50,8 @@ public:
 
     /// Changes the label's text, not its look.
     void setText(const QUuid& acKey, const QString& acText);
-    void remove(const QUuid& acKey); ///< deletes the marker
+    void remove(const QUuid& acKey) { remove(QVector<QUuid>{acKey}); } ///< deletes the marker
+    void remove(const QVector<QUuid>& acKeys);                         ///< the same for each
 
     /// The entry that deletes the marker; empty for an unknown key. Belongs to the caller, its
     /// parent is the plot.

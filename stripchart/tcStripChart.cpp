@@ -9,6 +9,7 @@
 #include "stripchart/tcChartMenu.h"
 #include "stripchart/tcChartPanel.h"
 #include "stripchart/tcChartSettings.h"
+#include "stripchart/tcFileTools.h"
 #include "stripchart/tcLegendControl.h"
 #include "stripchart/tcMarkerTable.h"
 #include "stripchart/tcMinMaxLines.h"

@@ -16,6 +16,7 @@ class tcChartDialogs;
 class tcChartFiles;
 class tcChartLog;
 class tcChartMenu;
+class tcFileTools;
 class tcLegendControl;
 class tcMarkerTable;
 class tcMinMaxLines;
@@ -153,6 +154,7 @@ private:
     tcCurveTable mCurves;
     std::unique_ptr<tcChartLog> mLog;
     std::unique_ptr<tcChartFiles> mFiles;
+    std::unique_ptr<tcFileTools> mFileTools;
     QAction* mLogAction; ///< owned by this
     tcClock mClock;
     QString mTitle;

@@ -5,6 +5,7 @@
 #include "stripchart/tcChartFiles.h"
 #include "stripchart/tcChartLog.h"
 #include "stripchart/tcChartMenu.h"
+#include "stripchart/tcFileTools.h"
 #include "stripchart/tcLegendControl.h"
 #include "stripchart/tcMarkerTable.h"
 #include "stripchart/tcMinMaxLines.h"
@@ -102,4 +103,7 @@ void tcStripChart::makeFiles()
     connect(mLog.get(), &tcChartLog::changed, this, show);
     connect(mFiles.get(), &tcChartFiles::statusChanged, this, show);
     connect(mLog.get(), &tcChartLog::fileChosen, mFiles.get(), &tcChartFiles::remember);
+    mFileTools = std::make_unique<tcFileTools>(
+        tcFileTools::tcParts{*this, *mForm->qwtPlot, mCurves, *mFiles, *mLog},
+        [this] { return mName; });
 }

@@ -94,7 +94,7 @@ bool tcCsvReader::readRows(const tcProgress& acProgress)
     bool more = true;
     while (more) {
         more = mBuffer.fill() || !mBuffer.atEnd();
-        if (!more && (mBuffer.size() > 0 || mField > 0))
+        if (!more && (mBuffer.size() > 0 || mField > 0 || mComment))
             mBuffer.terminate();
         const char* stop = mBuffer.end();
         while (stop > mBuffer.begin() && !isDelimiter(stop[-1]))
@@ -119,6 +119,8 @@ void tcCsvReader::dropOversized()
     const char* first = std::find_if_not(mBuffer.begin(), mBuffer.end(), isBlank);
     if (mField == 0 && !mOversized && first < mBuffer.end() && *first == '#')
         mSkipping = true;
+    if (mComment)
+        mMarkers.append(mBuffer.begin(), mBuffer.end());
     mOversized = !mSkipping;
 }
 
@@ -161,8 +163,12 @@ void tcCsvReader::parse(const char* acStop)
 const char* tcCsvReader::skipLine(const char* acAt, const char* acStop)
 {
     const char* end = std::find_if(acAt, acStop, endsLine);
+    if (mComment)
+        mMarkers.append(acAt, end);
     if (end == acStop)
         return end;
+    if (mComment)
+        mMarkers.endLine(mLine, mReport, mBuffer);
     endLine(*end);
     return end + 1;
 }
@@ -185,6 +191,7 @@ const char* tcCsvReader::parseTime(const char* acAt, const char* acStop)
         ++acAt;
     if (*acAt == '#' && !mOversized) {
         mSkipping = true;
+        mComment = true;
         return acAt;
     }
     end = delimiter(acAt, acStop);
@@ -294,6 +301,7 @@ void tcCsvReader::endLine(char aDelimiter)
     ++mLine;
     mField = 0;
     mSkipping = false;
+    mComment = false;
     mOversized = false;
     mAfterReturn = aDelimiter == '\r';
 }

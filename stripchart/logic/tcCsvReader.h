@@ -1,6 +1,7 @@
 #pragma once
 
 #include "stripchart/logic/tcCsvBuffer.h"
+#include "stripchart/logic/tcCsvMarkers.h"
 #include "stripchart/logic/tcCsvReport.h"
 #include "stripchart/logic/tcCsvWriter.h"
 
@@ -38,6 +39,7 @@ public:
     tcColumnView samples(size_t anColumn) const;
     void release(size_t anColumn); ///< frees its memory
 
+    const QVector<tcCsvMarker>& markers() const { return mMarkers.markers(); }
     const tcCsvReport& report() const { return mReport; }
     bool failed() const { return mBuffer.failed(); } ///< the file could not be read to its end
 
@@ -68,10 +70,12 @@ private:
     std::vector<tcColumn> mColumns;
     size_t mNamed = 0; ///< columns that the header gave
     std::vector<double> mRowTimes;
+    tcCsvMarkers mMarkers;
     tcCsvReport mReport;
     qint64 mLine = 1;
     size_t mField = 0;       ///< place of the field to come within its row
     bool mSkipping = false;  ///< up to the end of the line
+    bool mComment = false;   ///< what is skipped may be a marker
     bool mOversized = false; ///< the field to come has lost its start
     bool mAfterReturn = false;
     bool mRoomMade = false;

@@ -9,10 +9,12 @@ struct tcCsvReport
 {
     enum class teReason
     {
-        TooFewFields, ///< row skipped
-        BadTime,      ///< row skipped
-        BadValue,     ///< field skipped
-        TooManyFields ///< fields beyond the most columns that are kept
+        TooFewFields,  ///< row skipped
+        BadTime,       ///< row skipped
+        BadValue,      ///< field skipped
+        TooManyFields, ///< fields beyond the most columns that are kept
+        BadMarker,     ///< marker skipped, its point is none
+        TooManyMarkers ///< markers beyond the most that are kept
     };
     struct tcCase
     {
@@ -27,13 +29,23 @@ struct tcCsvReport
     qint64 rows = 0; ///< with a time stamp and at least one field more
     qint64 skippedRows = 0;
     qint64 skippedFields = 0;
+    qint64 skippedMarkers = 0;
     QVector<tcCase> cases;
 
     void add(qint64 anLine, teReason anReason, const QByteArray& acText)
     {
-        const bool row = anReason == teReason::TooFewFields || anReason == teReason::BadTime;
-        ++(row ? skippedRows : skippedFields);
+        ++counter(anReason);
         if (cases.size() < cMaxCases)
             cases.append({anLine, anReason, acText.left(cMaxText)});
+    }
+    qint64 skipped() const { return skippedRows + skippedFields + skippedMarkers; }
+
+private:
+    qint64& counter(teReason anReason)
+    {
+        if (anReason == teReason::BadMarker || anReason == teReason::TooManyMarkers)
+            return skippedMarkers;
+        const bool row = anReason == teReason::TooFewFields || anReason == teReason::BadTime;
+        return row ? skippedRows : skippedFields;
     }
 };
