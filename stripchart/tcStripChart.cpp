@@ -3,6 +3,7 @@
 #include "app/tcSettings.h"
 #include "stripchart/logic/tcChartNames.h"
 #include "stripchart/tcAxisControl.h"
+#include "stripchart/tcChartActions.h"
 #include "stripchart/tcChartDialogs.h"
 #include "stripchart/tcChartFiles.h"
 #include "stripchart/tcChartLog.h"
@@ -63,6 +64,7 @@ tcStripChart::tcStripChart(QWidget* apParent)
     connectLegend();
     connectMenus();
     connectTools();
+    makeActions();
     startUpdates();
 }
 

@@ -12,6 +12,7 @@ class QPen;
 class QRectF;
 class QVariant;
 class tcAxisControl;
+class tcChartActions;
 class tcChartDialogs;
 class tcChartFiles;
 class tcChartLog;
@@ -138,6 +139,7 @@ private:
     void connectMenus();
     void connectTools();
     void makeFiles();
+    void makeActions();
 
     void followMinMax(tcStripCurve* apCurve);
     void restoreSettings();
@@ -155,6 +157,7 @@ private:
     std::unique_ptr<tcChartLog> mLog;
     std::unique_ptr<tcChartFiles> mFiles;
     std::unique_ptr<tcFileTools> mFileTools;
+    std::unique_ptr<tcChartActions> mActions;
     QAction* mLogAction; ///< owned by this
     tcClock mClock;
     QString mTitle;

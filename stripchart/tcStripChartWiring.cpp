@@ -1,6 +1,7 @@
 // What of the chart tells whom: the connections that its constructor makes.
 
 #include "stripchart/tcAxisControl.h"
+#include "stripchart/tcChartActions.h"
 #include "stripchart/tcChartDialogs.h"
 #include "stripchart/tcChartFiles.h"
 #include "stripchart/tcChartLog.h"
@@ -10,6 +11,7 @@
 #include "stripchart/tcMarkerTable.h"
 #include "stripchart/tcMinMaxLines.h"
 #include "stripchart/tcPlotTools.h"
+#include "stripchart/tcReplotRequest.h"
 #include "stripchart/tcStripChart.h"
 #include "stripchart/tcStripCurve.h"
 #include "ui_StripChart.h"
@@ -106,4 +108,10 @@ void tcStripChart::makeFiles()
     mFileTools = std::make_unique<tcFileTools>(
         tcFileTools::tcParts{*this, *mForm->qwtPlot, mCurves, *mFiles, *mLog},
         [this] { return mName; });
+}
+
+void tcStripChart::makeActions()
+{
+    mActions = std::make_unique<tcChartActions>(
+        tcChartActions::tcParts{*this, *mForm->qwtPlot, *mReplot});
 }

@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QDoubleSpinBox>
 #include <QEvent>
+#include <QMenu>
 #include <QSpinBox>
 #include <QTest>
 #include <QToolButton>
@@ -58,6 +59,18 @@ public:
         return chart->findChild<T*>(QString::fromLatin1(apName));
     }
     QAction* action(const char* apName) const { return child<QAction>(apName); }
+    /// One of the chart's own actions, or of their menus; null when there is none.
+    QAction* own(const char* apText) const
+    {
+        QList<QAction*> actions = chart->actions();
+        for (QAction* action : chart->actions())
+            if (action->menu())
+                actions += action->menu()->actions();
+        for (QAction* action : qAsConst(actions))
+            if (action->text() == QLatin1String(apText))
+                return action;
+        return nullptr;
+    }
     QDoubleSpinBox* box(const char* apName) const { return child<QDoubleSpinBox>(apName); }
     QwtInterval shown(int anAxis) const { return plot->axisInterval(anAxis); }
     QList<double> ticks(int anAxis) const
