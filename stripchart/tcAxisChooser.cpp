@@ -28,6 +28,7 @@ void tcAxisChooser::addRow(const QwtPlot& acPlot, tcStripCurve& arCurve)
     box->setProperty("curve", QVariant::fromValue(&arCurve));
     auto* label = new QLabel(arCurve.title().text());
     label->setTextFormat(Qt::PlainText);
+    label->setBuddy(box);
     mRows->addRow(label, box);
 
     auto* ref = new tcCurveRef(acPlot, &arCurve, box);

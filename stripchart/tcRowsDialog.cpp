@@ -15,6 +15,7 @@ QFormLayout* prepare(QDialog& arDialog, const QSize& acSize)
     area->setObjectName(QStringLiteral("rows"));
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus); // that of a row brings it into sight
     auto* rows = new QWidget;
     auto* layout = new QFormLayout(rows);
     layout->setObjectName(QStringLiteral("formLayout"));

@@ -3,11 +3,13 @@
 #include "tests/support/tcFakeSerial.h"
 
 #include <QAccessible>
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QDir>
-#include <QFile>
 #include <QListWidget>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSettings>
@@ -32,10 +34,13 @@ private Q_SLOTS:
     void cameraPanels();
     void chart_data();
     void chart();
+    void dialogsOfTheChart_data();
+    void dialogsOfTheChart();
 
 private:
     void writeSettings(const QString& acCamera, bool abAdvanced) const;
     void openWindow();
+    tcStripChart* openChart(int anSensors);
     static void toCheckEachTab(QWidget& arWindow);
 
     tcFakeSerial& mFake = tcFakeSerial::instance();
@@ -121,6 +126,35 @@ void tst_Accessible::openWindow()
     QVERIFY(QTest::qWaitForWindowActive(mWindow.get()));
 }
 
+/// The chart of the full panel with so many curves; null if it does not come.
+tcStripChart* tst_Accessible::openChart(int anSensors)
+{
+    writeSettings("Vexa-K50", false);
+    openWindow();
+    const auto visible = [this](const char* acName) -> QWidget* {
+        for (QWidget* widget : mWindow->findChildren<QWidget*>(acName)) {
+            if (widget->isVisible())
+                return widget;
+        }
+        return nullptr;
+    };
+    auto* list = qobject_cast<QListWidget*>(visible("sensorsLW"));
+    auto* plot = qobject_cast<QPushButton*>(visible("tempsPB"));
+    if (!list || !plot)
+        return nullptr;
+    for (int row = 0; row < anSensors; ++row)
+        list->item(row)->setCheckState(Qt::Checked);
+    plot->click();
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        auto* chart = qobject_cast<tcStripChart*>(window);
+        if (!chart || !chart->isVisible())
+            continue;
+        chart->activateWindow();
+        return QTest::qWaitForWindowActive(chart) ? chart : nullptr;
+    }
+    return nullptr;
+}
+
 /// What a tab hides is looked at when the tab is in front.
 void tst_Accessible::toCheckEachTab(QWidget& arWindow)
 {
@@ -195,34 +229,38 @@ void tst_Accessible::chart_data()
 void tst_Accessible::chart()
 {
     QFETCH(int, sensors);
-    writeSettings("Vexa-K50", false);
-    openWindow();
-    auto* panel = mWindow->findChild<QWidget*>("VexaK40");
-    auto visible = [this](const char* acName) -> QWidget* {
-        for (QWidget* widget : mWindow->findChildren<QWidget*>(acName)) {
-            if (widget->isVisible())
-                return widget;
-        }
-        return nullptr;
-    };
-    QVERIFY(panel);
-    auto* list = qobject_cast<QListWidget*>(visible("sensorsLW"));
-    auto* plot = qobject_cast<QPushButton*>(visible("tempsPB"));
-    QVERIFY(list && plot);
-    for (int row = 0; row < sensors; ++row)
-        list->item(row)->setCheckState(Qt::Checked);
-    plot->click();
-    tcStripChart* chart = nullptr;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->isVisible() && qobject_cast<tcStripChart*>(window))
-            chart = qobject_cast<tcStripChart*>(window);
-    }
+    tcStripChart* chart = openChart(sensors);
     QVERIFY(chart);
-    chart->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(chart));
     QVERIFY(focusable(*chart).size() >= 10);
     toCheckEachTab(*chart);
-    plot->click();
+}
+
+void tst_Accessible::dialogsOfTheChart_data()
+{
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("axes") << "Assign Axis..."
+                          << "tcAxisChooser";
+    QTest::newRow("markers") << "Markers"
+                             << "tcMarkerInfo";
+}
+
+void tst_Accessible::dialogsOfTheChart()
+{
+    QFETCH(QString, entry);
+    QFETCH(QString, name);
+    tcStripChart* chart = openChart(3);
+    QVERIFY(chart);
+    const auto menu = chart->plotMenu({10, 10});
+    for (QAction* action : menu->actions()) {
+        if (action->text() == entry)
+            action->trigger();
+    }
+    auto* dialog = chart->findChild<QDialog*>(name);
+    QVERIFY(dialog && dialog->isVisible());
+    QTRY_COMPARE(QApplication::activeWindow(), dialog);
+    QVERIFY(!focusable(*dialog).isEmpty());
+    toCheckEachTab(*dialog);
 }
 
 QTEST_MAIN(tst_Accessible)
