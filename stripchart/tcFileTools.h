@@ -1,6 +1,7 @@
 #pragma once
 
 #include "stripchart/tcChartExport.h"
+#include "stripchart/tcChartReplay.h"
 #include "stripchart/tcFileDrop.h"
 #include "stripchart/tcRecentFiles.h"
 #include "stripchart/tcSkippedRows.h"
@@ -25,14 +26,29 @@ public:
         tcChartFiles& files;
         tcChartLog& log;
     };
+    /// What only the chart itself can do.
+    struct tcActions
+    {
+        std::function<QString()> name; ///< of the chart, at the time
+        tcChartReplay::tcFiling fileCurve;
+        tcChartReplay::tcFeed updateData;
+        std::function<void()> resumeFeed;
+        std::function<qint64()> now;
+    };
 
-    /// The function tells the chart's name at the time.
-    tcFileTools(const tcParts& acParts, const std::function<QString()>& acName);
+    tcFileTools(const tcParts& acParts, const tcActions& acActions);
     ~tcFileTools() override;
+
+    QString status() const { return mReplay.status(); } ///< for the window title
+
+Q_SIGNALS:
+    void statusChanged();
 
 private:
     void load(const QString& acFile);
     void exportRange();
+    QString folder() const;
+    tcChartReplay::tcActions replayActions(const tcActions& acActions) const;
 
     tcParts mParts;
     std::function<QString()> mName;
@@ -40,5 +56,6 @@ private:
     tcRecentFiles mRecent;
     tcSkippedRows mSkipped;
     tcFileDrop mDrop;
+    tcChartReplay mReplay;
     std::unique_ptr<QMenu> mMenu;
 };

@@ -101,13 +101,23 @@ void tcStripChart::makeFiles()
                                 },
                                 [this] { resetData(); }, [this] { return stopUpdates(); },
                                 [this] { startUpdates(); }});
-    const auto show = [this] { setStatus(mFiles->status() + mLog->status()); };
+    mFileTools = std::make_unique<tcFileTools>(
+        tcFileTools::tcParts{*this, *mForm->qwtPlot, mCurves, *mFiles, *mLog},
+        tcFileTools::tcActions{
+            [this] { return mName; },
+            [this](tcStripCurve* apCurve, const QUuid& acKey) {
+                return addCurve(apCurve, acKey);
+            },
+            [this](const QUuid& acKey, int anIndex, qint64 anMsSinceEpoch, double anValue) {
+                updateData(acKey, anIndex, anMsSinceEpoch, anValue);
+            },
+            [this] { resumeFeed(); }, [this] { return mClock(); }});
+    const auto show
+        = [this] { setStatus(mFiles->status() + mLog->status() + mFileTools->status()); };
     connect(mLog.get(), &tcChartLog::changed, this, show);
     connect(mFiles.get(), &tcChartFiles::statusChanged, this, show);
     connect(mLog.get(), &tcChartLog::fileChosen, mFiles.get(), &tcChartFiles::remember);
-    mFileTools = std::make_unique<tcFileTools>(
-        tcFileTools::tcParts{*this, *mForm->qwtPlot, mCurves, *mFiles, *mLog},
-        [this] { return mName; });
+    connect(mFileTools.get(), &tcFileTools::statusChanged, this, show);
 }
 
 void tcStripChart::makeActions()

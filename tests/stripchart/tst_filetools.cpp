@@ -98,7 +98,8 @@ private Q_SLOTS:
         for (const QAction* action : fileMenu(chart())->actions())
             texts << action->text();
         QCOMPARE(texts,
-                 QStringList({"Export Visible Range...", "Recent Files", "Skipped Rows..."}));
+                 QStringList({"Export Visible Range...", "Recent Files", "Skipped Rows...",
+                              "Replay File..."}));
         QVERIFY(
             chart().plotMenu({10, 10})->actions().contains(fileMenu(chart())->menuAction()));
     }
