@@ -2,9 +2,10 @@
 
 #include "stripchart/logic/tcColumnReduction.h"
 
-#include <QPolygonF>
-#include <QRect>
-#include <QVector>
+#include <QPointF>
+#include <QRectF>
+
+#include <vector>
 
 class QPainter;
 
@@ -29,17 +30,25 @@ private:
         int bottom;
     };
 
+    bool isBar(const std::vector<tcPixelColumn>& acColumns, std::size_t anIndex) const;
     void addLine(const tcPixelColumn& acColumn, const tcPixelColumn* apBarBefore);
+    void addTurns(const tcPixelColumn& acColumn);
     void addBar(const tcPixelColumn& acColumn, const tcPixelColumn* apBefore, bool abBarBefore);
-    void addPoint(int anX, int anY);
+    void addPoint(double anX, double anY);
     void endLine();
     void paintBars();
-    void fill(const QVector<QRectF>& acBars);
-    QRectF inked(const tcBar& acBar, bool abAntialiased) const;
+    void addRects(const std::vector<QRectF>& acBars);
+    void fillRects();
+    QRectF inked(const tcBar& acBar) const;
 
     QPainter& mPainter;
     QRectF mClip;
-    bool mHairline; ///< the line is drawn pixel by pixel
-    QPolygonF mLine;
-    QVector<tcBar> mBars;
+    bool mSolid; ///< ink over ink shows no more than once
+    bool mSoft;  ///< antialiased
+    bool mThin;  ///< the line is one pixel of the device wide
+    int mFull;   ///< excess from which a column counts as filled
+    std::vector<QPointF> mLine;
+    QPointF mStep; ///< between the last two points of the line
+    std::vector<tcBar> mBars;
+    std::vector<QRectF> mRects;
 };

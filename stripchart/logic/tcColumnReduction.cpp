@@ -87,24 +87,24 @@ void tcColumnReduction::addDense(const tcSampleStore& acStore, int anFirst, int 
 {
     int guess = cPlainPerPixel;
     while (anFirst < anEnd) {
-        const int end = columnEnd(acStore, anFirst, anEnd, guess);
+        const int x = mX.at(acStore.time(anFirst));
+        const int end = columnEnd(acStore, x, anFirst, anEnd, guess);
         const tcExtent extent = acStore.values().extent(anFirst, end - anFirst);
         const int low = mY.at(extent.lowest);
         const int high = mY.at(extent.highest);
-        put({mX.at(acStore.time(anFirst)), mY.at(acStore.value(anFirst)), std::min(low, high),
-             std::max(low, high), mY.at(acStore.value(end - 1)), mJoined});
+        put({x, mY.at(acStore.value(anFirst)), std::min(low, high), std::max(low, high),
+             mY.at(acStore.value(end - 1)), mJoined});
         guess = end - anFirst;
         anFirst = end;
     }
 }
 
-/// End of the samples in the pixel column of the first one. Columns of a steady feed hold about
+/// End of the samples in the first one's pixel column anX. Columns of a steady feed hold about
 /// the same number, so the search starts where the last one ended.
-int tcColumnReduction::columnEnd(const tcSampleStore& acStore, int anFirst, int anEnd,
+int tcColumnReduction::columnEnd(const tcSampleStore& acStore, int anX, int anFirst, int anEnd,
                                  int anGuess) const
 {
-    const int x = mX.at(acStore.time(anFirst));
-    const auto inside = [&](int anIndex) { return mX.at(acStore.time(anIndex)) == x; };
+    const auto inside = [&](int anIndex) { return mX.at(acStore.time(anIndex)) == anX; };
     int low = anFirst;                             // inside
     int high = std::min(anFirst + anGuess, anEnd); // outside, once the loops below are done
     int step = 1;

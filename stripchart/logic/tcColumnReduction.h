@@ -17,10 +17,12 @@ struct tcPixelMap
     /// can be painted; NaN too.
     int at(double anNumber) const
     {
-        const double place = std::floor(pixel + (anNumber - number) * factor + 0.5);
+        const double place = pixel + (anNumber - number) * factor + 0.5;
         if (!(place > -cFarthest))
             return static_cast<int>(-cFarthest);
-        return static_cast<int>(std::min(place, cFarthest));
+        // Cheaper than asking the library for the floor.
+        const int whole = static_cast<int>(std::min(place, cFarthest));
+        return whole - (whole > place ? 1 : 0);
     }
     double numberAt(double anPixel) const { return number + (anPixel - pixel) / factor; }
 
@@ -67,7 +69,8 @@ private:
     void addDense(const tcSampleStore& acStore, int anFirst, int anEnd);
     void addSample(const tcSampleStore& acStore, int anIndex);
     void put(const tcPixelColumn& acColumn);
-    int columnEnd(const tcSampleStore& acStore, int anFirst, int anEnd, int anGuess) const;
+    int columnEnd(const tcSampleStore& acStore, int anX, int anFirst, int anEnd,
+                  int anGuess) const;
 
     tcPixelMap mX;
     tcPixelMap mY;

@@ -91,7 +91,7 @@ void tcSampleColumn::cut(int anCount)
     run = tcExtent::none();
     for (int i = (end - 1) / cRunSize * cRunSize; i < end; ++i)
         run.add(entry.block->numbers[i]);
-    entry.all = within(*entry.block, 0, end);
+    entry.all = within(*entry.block, 0, end, false);
     turn();
 }
 
@@ -106,16 +106,40 @@ void tcSampleColumn::clear()
     turn();
 }
 
-tcExtent tcSampleColumn::within(const tcBlock& acBlock, int anFirst, int anEnd)
+/// Of numbers that are all finite, in two strands that the processor follows side by side.
+tcExtent tcSampleColumn::ofFinite(const double* apNumbers, int anCount)
 {
-    tcExtent result = tcExtent::none();
-    int i = anFirst;
-    for (; i < anEnd && i % cRunSize != 0; ++i)
-        result.add(acBlock.numbers[i]);
-    for (; i + cRunSize <= anEnd; i += cRunSize)
-        result.unite(acBlock.runs[i / cRunSize]);
-    for (; i < anEnd; ++i)
-        result.add(acBlock.numbers[i]);
+    tcExtent even = tcExtent::none();
+    tcExtent odd = tcExtent::none();
+    int i = 0;
+    for (; i + 1 < anCount; i += 2) {
+        even.unite({apNumbers[i], apNumbers[i]});
+        odd.unite({apNumbers[i + 1], apNumbers[i + 1]});
+    }
+    if (i < anCount)
+        even.unite({apNumbers[i], apNumbers[i]});
+    even.unite(odd);
+    return even;
+}
+
+tcExtent tcSampleColumn::within(const tcBlock& acBlock, int anFirst, int anEnd, bool abFinite)
+{
+    const auto numbers = [&](int anFrom, int anTo) {
+        if (abFinite)
+            return ofFinite(acBlock.numbers + anFrom, anTo - anFrom);
+        tcExtent result = tcExtent::none();
+        for (int i = anFrom; i < anTo; ++i)
+            result.add(acBlock.numbers[i]);
+        return result;
+    };
+    const int firstRun = (anFirst + cRunSize - 1) / cRunSize;
+    const int endRun = anEnd / cRunSize;
+    if (firstRun >= endRun)
+        return numbers(anFirst, anEnd);
+    tcExtent result = numbers(anFirst, firstRun * cRunSize);
+    for (int run = firstRun; run < endRun; ++run)
+        result.unite(acBlock.runs[run]);
+    result.unite(numbers(endRun * cRunSize, anEnd));
     return result;
 }
 
@@ -125,8 +149,9 @@ tcExtent tcSampleColumn::extent() const
         return tcExtent::none();
     const tcEntry& first = mBlocks.front();
     if (mBlocks.size() == 1)
-        return within(*first.block, mOffset, mOffset + mSize);
-    tcExtent result = mOffset == 0 ? first.all : within(*first.block, mOffset, cBlockSize);
+        return within(*first.block, mOffset, mOffset + mSize, mGaps.empty());
+    tcExtent result
+        = mOffset == 0 ? first.all : within(*first.block, mOffset, cBlockSize, mGaps.empty());
     if (mTurn > 1)
         result.unite(mBlocks[1].onward);
     result.unite(mBehind);
@@ -146,7 +171,7 @@ tcExtent tcSampleColumn::extent(int anFirst, int anCount) const
         if (count == cBlockSize)
             result.unite(entry.all);
         else
-            result.unite(within(*entry.block, start, start + count));
+            result.unite(within(*entry.block, start, start + count, mGaps.empty()));
         place += count;
     }
     return result;

@@ -81,7 +81,9 @@ private:
         tcExtent onward = tcExtent::none(); ///< of the block and those up to mTurn
     };
 
-    static tcExtent within(const tcBlock& acBlock, int anFirst, int anEnd);
+    static tcExtent ofFinite(const double* apNumbers, int anCount);
+    /// abFinite: none of the numbers is NaN or infinite, which saves looking.
+    static tcExtent within(const tcBlock& acBlock, int anFirst, int anEnd, bool abFinite);
     void addBlock();
     void turn();
     void cut(int anCount);
