@@ -14,8 +14,8 @@ namespace
 {
 
 constexpr double cNan = std::numeric_limits<double>::quiet_NaN();
-constexpr int cWidth = 900;
-constexpr int cHeight = 400;
+constexpr int cWidth = 300;
+constexpr int cHeight = 200;
 
 struct tcCase
 {
@@ -189,44 +189,41 @@ class tst_CurveDrawing : public QObject
         };
         add("two samples", {{0, 0.2}, {1, 0.8}}, 0, 1);
         add("1k smooth", smooth(1000, 5), 0, 1000);
-        add("1k noise", noise(1000, 1), 0, 1000, true);
-        add("3k smooth", smooth(3000, 20), 0, 3000);
-        add("10k smooth", smooth(10000, 5), 0, 10000);
-        add("100k smooth", smooth(100000, 5), 0, 100000);
-        add("100k steep waves", smooth(100000, 60), 0, 100000);
-        add("100k waves as fine as the columns", smooth(100000, 700), 0, 100000, true);
-        add("5k noise", noise(5000, 2), 0, 5000, true);
-        add("20k noise", noise(20000, 3), 0, 20000, true);
+        add("1k in few pixels each", smooth(1000, 7), 0, 1000);
+        add("dense smooth", smooth(30000, 5), 0, 30000);
+        add("dense steep waves", smooth(30000, 20), 0, 30000);
+        add("waves as fine as the columns", smooth(30000, 230), 0, 30000, true);
+        add("dense noise", noise(7000, 3), 0, 7000, true);
         add("noise, window inside", noise(50000, 4), 20000, 30000, true);
         add("100k, 1000 in the window", smooth(100000, 300), 70000, 71000);
         add("100k, two in the window", noise(100000, 5), 70000.2, 70002.5);
         add("100k, none in the window", noise(100000, 5), 70000.2, 70000.4);
         add("window before the samples", smooth(1000, 5), -500, -100);
-        add("window half filled", smooth(20000, 5), -20000, 20000);
-        add("constant", series(50000, [](int) { return 0.5; }), 0, 50000);
-        add("ramp", series(50000, [](int i) { return i / 50000.0; }), 0, 50000);
+        add("window half filled", smooth(7000, 5), -7000, 7000);
+        add("constant", series(7000, [](int) { return 0.5; }), 0, 7000);
+        add("ramp", series(7000, [](int i) { return i / 7000.0; }), 0, 7000);
         add("square wave", series(50000, [](int i) { return i / 1000 % 2 ? 0.9 : 0.1; }), 0,
             50000);
         add("spikes of one sample",
-            series(100000, [](int i) { return i % 7001 == 3500 ? 0.95 : 0.1; }), 0, 100000);
+            series(30000, [](int i) { return i % 7001 == 3500 ? 0.95 : 0.1; }), 0, 30000);
         add("spikes side by side",
-            series(100000, [](int i) { return i % 331 == 3 ? 0.95 : 0.1; }), 0, 100000);
+            series(30000, [](int i) { return i % 331 == 3 ? 0.95 : 0.1; }), 0, 30000);
         add("smooth with a little noise",
-            series(100000,
+            series(30000,
                    [](int i) {
                        return 0.5 + 0.4 * std::sin(i / 9000.0) + (i * 7919 % 101) / 20000.0;
                    }),
-            0, 100000);
+            0, 30000);
         add("steep with a little noise",
-            series(100000,
+            series(30000,
                    [](int i) {
                        return 0.5 + 0.4 * std::sin(i / 500.0) + (i * 7919 % 101) / 20000.0;
                    }),
-            0, 100000);
+            0, 30000);
         add("beyond the canvas",
-            series(100000, [](int i) { return 0.5 + 3 * std::sin(i / 3000.0); }), 0, 100000);
+            series(30000, [](int i) { return 0.5 + 3 * std::sin(i / 3000.0); }), 0, 30000);
         add("noise beyond the canvas",
-            series(100000, [](int i) { return 0.5 + 3 * std::sin(i * 1.7); }), 0, 100000, true);
+            series(30000, [](int i) { return 0.5 + 3 * std::sin(i * 1.7); }), 0, 30000, true);
         add("huge values",
             series(2000,
                    [](int i) { return i % 100 == 0 ? 1e308
@@ -250,22 +247,22 @@ class tst_CurveDrawing : public QObject
         for (int i = 0; i < 2000; ++i)
             padded << QPointF(-1e12, 0.5);
         acAdd("padded with zeros long ago", padded, 0, 5000, false);
-        QVector<QPointF> falling = smooth(60000, 3);
+        QVector<QPointF> falling = smooth(10000, 3);
         std::reverse(falling.begin(), falling.end());
-        acAdd("times falling", falling, 0, 60000, false);
+        acAdd("times falling", falling, 0, 10000, false);
         std::mt19937 random(9);
         QVector<QPointF> shuffled = smooth(3000, 3);
         std::shuffle(shuffled.begin(), shuffled.end(), random);
         acAdd("any order", shuffled, 0, 3000, true);
-        QVector<QPointF> jitter = smooth(100000, 3);
+        QVector<QPointF> jitter = smooth(20000, 3);
         for (int i = 0; i + 1 < jitter.size(); i += 2)
             std::swap(jitter[i], jitter[i + 1]);
-        acAdd("neighbours swapped", jitter, 0, 100000, false);
+        acAdd("neighbours swapped", jitter, 0, 20000, false);
         QVector<QPointF> across;
         for (int i = 0; i < 100; ++i)
             across << QPointF(-1000 - i, i / 100.0) << QPointF(3000, 1 - i / 100.0);
         acAdd("lines across a window without samples", across, 0, 1000, true);
-        acAdd("equal times", series(50000, [](int i) { return (i % 97) / 97.0; }), 0, 50000,
+        acAdd("equal times", series(7000, [](int i) { return (i % 97) / 97.0; }), 0, 7000,
               true);
         QVector<QPointF> same;
         for (int i = 0; i < 5000; ++i)
@@ -280,24 +277,24 @@ class tst_CurveDrawing : public QObject
               series(500, [](int i) { return i % 50 < 5 ? cNan : (i % 50) / 50.0; }), 0, 500,
               false);
         acAdd("long gaps",
-              series(100000,
+              series(30000,
                      [](int i) {
                          return i % 20000 < 9000 ? cNan : 0.5 + 0.3 * std::sin(i / 2000.0);
                      }),
-              0, 100000, false);
+              0, 30000, false);
         acAdd("gaps of one sample",
-              series(100000,
+              series(30000,
                      [](int i) {
                          return i % 5000 == 0 ? cNan : 0.5 + 0.3 * std::sin(i / 2000.0);
                      }),
-              0, 100000, false);
+              0, 30000, false);
         acAdd("infinities",
-              series(100000,
+              series(30000,
                      [](int i) {
                          return i % 5000 == 0 ? (i % 10000 ? -1 : 1) * INFINITY
                                               : 0.5 + 0.3 * std::sin(i / 2000.0);
                      }),
-              0, 100000, false);
+              0, 30000, false);
         acAdd("every other sample missing",
               series(2000, [](int i) { return i % 2 ? cNan : 0.5; }), 0, 2000, false);
         acAdd("gap at the window's edge",
@@ -312,15 +309,28 @@ class tst_CurveDrawing : public QObject
         acAdd("no sample", {}, 0, 10, false);
     }
 
+    /// Every case with a thin line. Broad ones have their own caps and bars, not their own way
+    /// through gaps and disorder: one case each.
     static void addRows()
     {
+        const QByteArrayList broad{"1k smooth",
+                                   "dense noise",
+                                   "spikes of one sample",
+                                   "steep with a little noise",
+                                   "noise beyond the canvas",
+                                   "long gaps",
+                                   "any order"};
         QTest::addColumn<tcCase>("test");
         QTest::addColumn<double>("penWidth");
+        int broadOnes = 0;
         for (const auto& one : cases()) {
-            for (double width : {1.0, 2.0})
-                QTest::addRow("%s, pen %g", one.first.constData(), width)
-                    << one.second << width;
+            QTest::addRow("%s, pen 1", one.first.constData()) << one.second << 1.0;
+            if (!broad.contains(one.first))
+                continue;
+            QTest::addRow("%s, pen 2", one.first.constData()) << one.second << 2.0;
+            ++broadOnes;
         }
+        QCOMPARE(broadOnes, broad.size());
     }
 
 private Q_SLOTS:
