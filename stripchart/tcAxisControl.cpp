@@ -101,6 +101,8 @@ void tcAxisControl::includeTimesOf(const tcStripCurve& acCurve)
 
 void tcAxisControl::scrollTo(qint64 anEndMs)
 {
+    if (mHeld)
+        return;
     setXRange(static_cast<double>(anEndMs - mSpanMs), static_cast<double>(anEndMs));
 }
 

@@ -40,6 +40,8 @@ public:
     void includeTimesOf(const tcStripCurve& acCurve);
     /// Scrolls the time axis so that it ends at anEndMs.
     void scrollTo(qint64 anEndMs);
+    /// Held, the time axis stays where it is when it should scroll.
+    void setHeld(bool abOn) { mHeld = abOn; }
 
     void applyBoxes(int anAxis); ///< makes the axis show what its boxes say
     /// Writes the range into the boxes of the axis, within their limits, and applies it.
@@ -80,4 +82,5 @@ private:
     PrecisionScaleDraw* mPrecisionDraw; ///< owned by the plot
     qint64 mSpanMs = 10000;
     int mVerbosity = 0;
+    bool mHeld = false;
 };

@@ -3,11 +3,16 @@
 #include <QObject>
 #include <QPointer>
 
+#include <functional>
 #include <memory>
 
+class QAction;
 class QMenu;
 class QwtPlot;
+class tcAxisControl;
 class tcMeasuringCursors;
+class tcPanning;
+class tcPlotTools;
 class tcReplotRequest;
 class tcStatisticsDialog;
 
@@ -26,17 +31,30 @@ public:
         QWidget& chart; ///< whose actions these become
         QwtPlot& plot;
         tcReplotRequest& replot;
+        tcAxisControl& axes;
+        tcPlotTools& tools;
     };
 
-    explicit tcChartActions(const tcParts& acParts);
+    /// acScroll brings the newest readings into view, where the chart runs.
+    tcChartActions(const tcParts& acParts, const std::function<void()>& acScroll);
     ~tcChartActions() override;
 
     tcMeasuringCursors& cursors() const { return *mCursors; }
     void showStatistics();
+    /// Back from moving and zooming to the live window and the values shown before.
+    void follow();
+    /// Another set of readings is shown: what was moved away from is no more.
+    void forgetView();
 
 private:
+    void connectPanning();
+    void enableFollow();
+
     tcParts mParts;
     std::unique_ptr<QMenu> mMenu;
+    std::function<void()> mScroll;
     std::unique_ptr<tcMeasuringCursors> mCursors;
+    std::unique_ptr<tcPanning> mPanning;
+    QAction* mFollow;                         ///< owned by the menu
     QPointer<tcStatisticsDialog> mStatistics; ///< deleted with this, if it is not closed before
 };

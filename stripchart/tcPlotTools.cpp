@@ -61,9 +61,14 @@ void tcPlotTools::showMinorGrid(bool abOn)
     mPlot.replot();
 }
 
+bool tcPlotTools::isZoomed() const
+{
+    return mZoomer->zoomRectIndex() > 0;
+}
+
 void tcPlotTools::zoomOut()
 {
-    if (mZoomer->zoomRectIndex() > 0)
+    if (isZoomed())
         mZoomer->zoom(0);
     mPlot.replot();
 }

@@ -28,6 +28,7 @@ public:
     void showGrid(bool abOn);
     void showMinorGrid(bool abOn);
 
+    bool isZoomed() const;
     void zoomOut(); ///< to what was shown before the first zoom
     /// Notes what is shown now as what zooming out goes back to, unless a zoom is in force.
     void keepZoomBase();

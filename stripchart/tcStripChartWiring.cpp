@@ -123,5 +123,12 @@ void tcStripChart::makeFiles()
 void tcStripChart::makeActions()
 {
     mActions = std::make_unique<tcChartActions>(
-        tcChartActions::tcParts{*this, *mForm->qwtPlot, *mReplot});
+        tcChartActions::tcParts{*this, *mForm->qwtPlot, *mReplot, *mAxes, *mTools}, [this] {
+            if (isUpdating())
+                tick();
+        });
+    connect(mFiles.get(), &tcChartFiles::reportChanged, mActions.get(),
+            &tcChartActions::forgetView);
+    connect(mForm->actionResume_Feed, &QAction::triggered, mActions.get(),
+            &tcChartActions::forgetView);
 }

@@ -315,7 +315,7 @@ void tst_MeasuringCursors::checkStateIsNotKept()
 {
     // States are kept by object name.
     tcChartProbe probe;
-    const QList<QAction*> own = probe.chart->actions().first()->menu()->actions();
+    const QList<QAction*> own = probe.own("Measure")->menu()->actions();
     QVERIFY(!own.isEmpty());
     for (const QAction* action : own)
         QVERIFY2(action->objectName().isEmpty(), qPrintable(action->text()));
