@@ -1292,4 +1292,153 @@
         <translation>- %1 kann nicht geschrieben werden</translation>
     </message>
 </context>
+<context>
+    <name>tcChartExport</name>
+    <message>
+        <source>There is no visible curve to export.</source>
+        <translation>Es gibt keine sichtbare Kurve zum Exportieren.</translation>
+    </message>
+    <message>
+        <source>Select File to export data to...</source>
+        <translation>Datei zum Exportieren der Daten wählen...</translation>
+    </message>
+    <message>
+        <source>csv files (*.csv)</source>
+        <translation>CSV-Dateien (*.csv)</translation>
+    </message>
+    <message>
+        <source>Error trying to save
+%1</source>
+        <translation>Fehler beim Speichern von
+%1</translation>
+    </message>
+    <message>
+        <source>Saving %1</source>
+        <translation>%1 wird gespeichert</translation>
+    </message>
+</context>
+<context>
+    <name>tcChartReplay</name>
+    <message>
+        <source>Replay File...</source>
+        <translation>Datei wiedergeben...</translation>
+    </message>
+    <message>
+        <source>Select CSV File to replay...</source>
+        <translation>CSV-Datei zum Wiedergeben wählen...</translation>
+    </message>
+    <message>
+        <source>csv files (*.csv)</source>
+        <translation>CSV-Dateien (*.csv)</translation>
+    </message>
+    <message>
+        <source>Replay File</source>
+        <translation>Datei wiedergeben</translation>
+    </message>
+    <message>
+        <source>Speed (1 = as recorded):</source>
+        <translation>Geschwindigkeit (1 = wie aufgezeichnet):</translation>
+    </message>
+    <message>
+        <source>Error trying to load
+%1</source>
+        <translation>Fehler beim Laden von
+%1</translation>
+    </message>
+    <message>
+        <source> - Replay: %1, %2x</source>
+        <translation> - Wiedergabe: %1, %2x</translation>
+    </message>
+    <message>
+        <source>Loading %1</source>
+        <translation>%1 wird geladen</translation>
+    </message>
+    <message>
+        <source>Unable to load file.. not enough columns</source>
+        <translation>Die Datei kann nicht geladen werden .. zu wenige Spalten</translation>
+    </message>
+</context>
+<context>
+    <name>tcFileTools</name>
+    <message>
+        <source>Data Files</source>
+        <translation>Datendateien</translation>
+    </message>
+    <message>
+        <source>Export Visible Range...</source>
+        <translation>Sichtbaren Bereich exportieren...</translation>
+    </message>
+</context>
+<context>
+    <name>tcRecentFiles</name>
+    <message>
+        <source>Recent Files</source>
+        <translation>Zuletzt verwendete Dateien</translation>
+    </message>
+    <message>
+        <source>No Files Yet</source>
+        <translation>Noch keine Dateien</translation>
+    </message>
+    <message>
+        <source>This file is no longer there and was taken off the list:
+%1</source>
+        <translation>Diese Datei gibt es nicht mehr. Sie wurde aus der Liste entfernt:
+%1</translation>
+    </message>
+</context>
+<context>
+    <name>tcSkippedRows</name>
+    <message>
+        <source>Skipped Rows...</source>
+        <translation>Übersprungene Zeilen...</translation>
+    </message>
+    <message>
+        <source>Skipped Rows</source>
+        <translation>Übersprungene Zeilen</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Zeile</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Grund</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Row has no value</source>
+        <translation>Zeile ohne Wert</translation>
+    </message>
+    <message>
+        <source>Row has no time stamp</source>
+        <translation>Zeile ohne Zeitstempel</translation>
+    </message>
+    <message>
+        <source>Field is no number</source>
+        <translation>Feld ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>Field beyond the last column</source>
+        <translation>Feld hinter der letzten Spalte</translation>
+    </message>
+    <message>
+        <source>Marker has no time or value</source>
+        <translation>Markierung ohne Zeit oder Wert</translation>
+    </message>
+    <message>
+        <source>More markers than a chart shows</source>
+        <translation>Mehr Markierungen, als ein Diagramm zeigt</translation>
+    </message>
+    <message>
+        <source>Skipped: rows %1, fields %2, markers %3. Rows read: %4.</source>
+        <translation>Übersprungen: Zeilen %1, Felder %2, Markierungen %3. Gelesene Zeilen: %4.</translation>
+    </message>
+    <message>
+        <source>The first %1 are listed.</source>
+        <translation>Aufgeführt sind die ersten %1.</translation>
+    </message>
+</context>
 </TS>
