@@ -25,6 +25,11 @@ QChar plain(QChar aCharacter)
     }
 }
 
+// The length rule lets a log grow for ever, and people leave the panel running for days.
+constexpr int cMostLines = 20000;
+constexpr int cMostCharacters = 12000000;
+constexpr int cShareDropped = 10; ///< of the lines, at once, so that it happens seldom
+
 } // namespace
 
 tcLogView::tcLogView(QPlainTextEdit* apView) : QObject(apView), mView(apView)
@@ -49,8 +54,21 @@ void tcLogView::append(const QString& acText, bool abToEnd)
     mAppending = false;
     if (mCountsHold)
         count(from, length());
+    dropOldest();
     if (abToEnd)
         moveToEnd();
+}
+
+/// Bounds what is kept, far above any length that the operator sets.
+void tcLogView::dropOldest()
+{
+    const int lines = mView->document()->blockCount();
+    if (lines <= cMostLines && length() <= cMostCharacters)
+        return;
+    QTextCursor oldest(mView->document());
+    oldest.movePosition(QTextCursor::NextBlock, QTextCursor::KeepAnchor,
+                        lines / cShareDropped + 1);
+    oldest.removeSelectedText();
 }
 
 void tcLogView::showCursor()

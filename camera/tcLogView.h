@@ -30,6 +30,7 @@ public:
 
 private:
     int length() const;
+    void dropOldest();
     void moveToEnd();
     void onContentsChange();
     void count(int anFrom, int anTo);

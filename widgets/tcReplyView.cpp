@@ -17,6 +17,7 @@ tcReplyView::tcReplyView(QWidget* apParent)
     : QPlainTextEdit(apParent), mBar(new tcFindBar(this))
 {
     mBar->hide();
+    setUndoRedoEnabled(false); // nobody undoes a reply, and each one would be kept twice
     connect(mBar, &tcFindBar::wantedChanged, this, [this] {
         // What is typed is looked for from the hit before, so that it grows with the word.
         QTextCursor cursor = textCursor();

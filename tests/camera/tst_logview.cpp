@@ -34,6 +34,7 @@ private Q_SLOTS:
     void othersMayChangeTheText();
     void charactersOfTheTextEngine();
     void unchangedTextIsNotSetAnew();
+    void daysOfRepliesAreBounded();
 };
 
 void tst_LogView::entriesRunOnWhereTheyHaveNoLineFeed()
@@ -180,6 +181,25 @@ void tst_LogView::unchangedTextIsNotSetAnew()
     connect(&view, &QPlainTextEdit::textChanged, this, [&] { ++changes; });
     log->applyLimit(10);
     QCOMPARE(changes, 0);
+}
+
+void tst_LogView::daysOfRepliesAreBounded()
+{
+    QPlainTextEdit view;
+    auto* log = new tcLogView(&view);
+    int most = 0;
+    for (int line = 0; line < 50000; ++line) {
+        log->append(QString::number(line) + '\n', false);
+        most = std::max(most, view.document()->blockCount());
+    }
+    QVERIFY2(most <= 20001, qPrintable(QString::number(most)));
+    QVERIFY(view.document()->blockCount() > 15000);
+    QVERIFY(view.toPlainText().endsWith("49998\n49999\n")); // the newest stay
+    // The length rule counts what is there after a drop as it did before it.
+    QString text = view.toPlainText();
+    const int limit = text.size() - '9';
+    log->applyLimit(limit);
+    QCOMPARE(view.toPlainText(), text.remove('9'));
 }
 
 QTEST_MAIN(tst_LogView)
