@@ -61,6 +61,7 @@ void tcSkippedRows::show()
         layout->addWidget(summary);
         auto* cases = new QTreeWidget;
         cases->setObjectName(QStringLiteral("cases"));
+        cases->setAccessibleName(tr("Skipped Rows"));
         cases->setRootIsDecorated(false);
         cases->setUniformRowHeights(true);
         cases->setHeaderLabels({tr("Line"), tr("Reason"), tr("Text")});

@@ -103,6 +103,7 @@ void tcStatisticsDialog::buildTable()
     mTable->horizontalHeader()->setMinimumSectionSize(cLeastColumn);
     mTable->verticalHeader()->hide();
     mTable->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    mTable->setTabKeyNavigation(false); // the buttons below it could not be reached
     mTable->setSelectionBehavior(QAbstractItemView::SelectRows);
     mTable->setIconSize(QSize(cMarkSize, cMarkSize));
 }

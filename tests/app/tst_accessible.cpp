@@ -243,6 +243,8 @@ void tst_Accessible::dialogsOfTheChart_data()
                           << "tcAxisChooser";
     QTest::newRow("markers") << "Markers"
                              << "tcMarkerInfo";
+    QTest::newRow("statistics") << "Statistics..."
+                                << "tcStatisticsDialog";
 }
 
 void tst_Accessible::dialogsOfTheChart()
@@ -252,11 +254,20 @@ void tst_Accessible::dialogsOfTheChart()
     tcStripChart* chart = openChart(3);
     QVERIFY(chart);
     const auto menu = chart->plotMenu({10, 10});
-    for (QAction* action : menu->actions()) {
+    QList<QAction*> entries = menu->actions();
+    for (const QAction* action : menu->actions()) {
+        if (action->menu())
+            entries += action->menu()->actions();
+    }
+    for (QAction* action : qAsConst(entries)) {
         if (action->text() == entry)
             action->trigger();
     }
-    auto* dialog = chart->findChild<QDialog*>(name);
+    QDialog* dialog = nullptr;
+    for (QDialog* candidate : chart->findChildren<QDialog*>()) {
+        if (candidate->inherits(qPrintable(name)))
+            dialog = candidate;
+    }
     QVERIFY(dialog && dialog->isVisible());
     QTRY_COMPARE(QApplication::activeWindow(), dialog);
     QVERIFY(!focusable(*dialog).isEmpty());
