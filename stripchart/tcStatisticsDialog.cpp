@@ -79,6 +79,9 @@ tcStatisticsDialog::tcStatisticsDialog(const QwtPlot& acPlot,
     layout->addLayout(head);
     layout->addWidget(mTable, 1);
     layout->addWidget(buttons);
+    // Made before the box had a window, the buttons left one of them out of the order.
+    setTabOrder(mTable, copyButton);
+    setTabOrder(copyButton, buttons->button(QDialogButtonBox::Close));
     mTimer.setSingleShot(true);
     connect(&mTimer, &QTimer::timeout, this, &tcStatisticsDialog::refresh);
     connect(mRange, QOverload<int>::of(&QComboBox::activated), this,
