@@ -91,6 +91,7 @@ void tcSensorMonitor::setUpChart()
     mChart->setYRange(cLeftAxis, 10, 50);
     mSetPointMarker = mChart->addLineMarker(tr("Set Point"), cSetPointAtStart);
     mChart->setYRange(cRightAxis, 0, 100);
+    connect(mChart.get(), &tcStripChart::limitCrossed, this, &tcSensorMonitor::message);
 }
 
 /// Once, when it is first looked at: asking instruments what they offer takes time that the

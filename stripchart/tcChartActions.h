@@ -8,8 +8,11 @@
 
 class QAction;
 class QMenu;
+class QwtLegend;
 class QwtPlot;
 class tcAxisControl;
+class tcLimitAlarm;
+class tcLimitsDialog;
 class tcMeasuringCursors;
 class tcPanning;
 class tcPlotTools;
@@ -33,18 +36,24 @@ public:
         tcReplotRequest& replot;
         tcAxisControl& axes;
         tcPlotTools& tools;
+        QwtLegend& legend;
     };
 
-    /// acScroll brings the newest readings into view, where the chart runs.
-    tcChartActions(const tcParts& acParts, const std::function<void()>& acScroll);
+    /// acIsLive tells whether the chart runs, acScroll brings the newest readings into view.
+    tcChartActions(const tcParts& acParts, const std::function<bool()>& acIsLive,
+                   const std::function<void()>& acScroll);
     ~tcChartActions() override;
 
     tcMeasuringCursors& cursors() const { return *mCursors; }
     void showStatistics();
+    void showLimits();
     /// Back from moving and zooming to the live window and the values shown before.
     void follow();
     /// Another set of readings is shown: what was moved away from is no more.
     void forgetView();
+
+Q_SIGNALS:
+    void limitCrossed(const QString& acText); ///< for the operator
 
 private:
     void connectPanning();
@@ -55,6 +64,8 @@ private:
     std::function<void()> mScroll;
     std::unique_ptr<tcMeasuringCursors> mCursors;
     std::unique_ptr<tcPanning> mPanning;
+    std::unique_ptr<tcLimitAlarm> mAlarm;
+    QPointer<tcLimitsDialog> mLimits;         ///< as mStatistics
     QAction* mFollow;                         ///< owned by the menu
     QPointer<tcStatisticsDialog> mStatistics; ///< deleted with this, if it is not closed before
 };

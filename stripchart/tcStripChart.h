@@ -101,6 +101,10 @@ public:
     std::unique_ptr<QMenu> plotMenu(const QPoint& pos);
     std::unique_ptr<QMenu> legendMenu(const QPoint& pos);
 
+Q_SIGNALS:
+    /// Readings of a curve left their limits or came back; for the operator.
+    void limitCrossed(const QString& acText);
+
 public Q_SLOTS:
     // The order of the chart's interface.
     void updateData(const QUuid& acKey, int anIndex, qint64 anMsSinceEpoch, double anValue);

@@ -123,7 +123,10 @@ void tcStripChart::makeFiles()
 void tcStripChart::makeActions()
 {
     mActions = std::make_unique<tcChartActions>(
-        tcChartActions::tcParts{*this, *mForm->qwtPlot, *mReplot, *mAxes, *mTools}, [this] {
+        tcChartActions::tcParts{*this, *mForm->qwtPlot, *mReplot, *mAxes, *mTools,
+                                mLegend->legend()},
+        [this] { return isUpdating(); },
+        [this] {
             if (isUpdating())
                 tick();
         });
@@ -131,4 +134,5 @@ void tcStripChart::makeActions()
             &tcChartActions::forgetView);
     connect(mForm->actionResume_Feed, &QAction::triggered, mActions.get(),
             &tcChartActions::forgetView);
+    connect(mActions.get(), &tcChartActions::limitCrossed, this, &tcStripChart::limitCrossed);
 }

@@ -14,6 +14,7 @@ namespace
 constexpr int cGap = 4;
 constexpr int cLeastRows = 3; ///< that are seen without scrolling
 constexpr int cUsualChars = 22;
+const QColor cAlarmColor(178, 34, 34);
 } // namespace
 
 void tcLegendLabel::updateIndent()
@@ -22,9 +23,19 @@ void tcLegendLabel::updateIndent()
     setIndent(margin() + markWidth() + cGap + iconWidth + cGap);
 }
 
+void tcLegendLabel::setAlarm(bool abOn)
+{
+    if (abOn == mAlarm)
+        return;
+    mAlarm = abOn;
+    update();
+}
+
 void tcLegendLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
+    if (mAlarm)
+        painter.fillRect(contentsRect(), cAlarmColor);
     const QRect inside = contentsRect().adjusted(margin(), 0, 0, 0);
     QStyleOptionButton mark;
     mark.initFrom(this);
@@ -40,7 +51,10 @@ void tcLegendLabel::paintEvent(QPaintEvent*)
     const QRect textArea = inside.adjusted(indent() - margin(), 0, 0, 0);
     const QString name = text().text();
     const QString shown = fontMetrics().elidedText(name, Qt::ElideRight, textArea.width());
-    style()->drawItemText(&painter, textArea, Qt::AlignLeft | Qt::AlignVCenter, palette(),
+    QPalette colors = palette();
+    if (mAlarm)
+        colors.setColor(foregroundRole(), Qt::white);
+    style()->drawItemText(&painter, textArea, Qt::AlignLeft | Qt::AlignVCenter, colors,
                           isEnabled(), shown, foregroundRole());
     setToolTip(shown == name ? QString() : name.toHtmlEscaped());
     if (hasFocus()) {

@@ -14,6 +14,10 @@ public:
     /// Makes room for the check mark; after each change of the entry's icon.
     void updateIndent();
 
+    /// Stands out, as for a curve that left its limits.
+    void setAlarm(bool abOn);
+    bool isAlarm() const { return mAlarm; }
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -22,6 +26,8 @@ protected:
 
 private:
     int markWidth() const;
+
+    bool mAlarm = false;
 };
 
 /// One column of checkable entries, aligned to the left.
