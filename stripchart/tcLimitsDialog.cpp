@@ -84,13 +84,9 @@ void tcLimitsDialog::addRow(QGridLayout& arRows, int anRow, const QString& acCur
     for (int column = 0; column < 6; ++column)
         arRows.addWidget(cells[column], anRow, column);
     const auto apply = [=] {
-        lower->setEnabled(lowerOn->isChecked());
-        upper->setEnabled(upperOn->isChecked());
         mAlarm.setLimits(
             acCurve, {limit(*lowerOn, *lower), limit(*upperOn, *upper), hysteresis->value()});
     };
-    lower->setEnabled(lowerOn->isChecked());
-    upper->setEnabled(upperOn->isChecked());
     for (QCheckBox* each : {lowerOn, upperOn})
         connect(each, &QCheckBox::toggled, this, apply);
     for (QDoubleSpinBox* each : {lower, upper, hysteresis})
