@@ -43,7 +43,7 @@ QStringList tcTranslation::available()
 QString tcTranslation::choose(const QStringList& acWanted, const QStringList& acAvailable)
 {
     for (const QString& wanted : acWanted) {
-        const QString language = QString(wanted).replace('_', '-').section('-', 0, 0).toLower();
+        QString language = QString(wanted).replace('_', '-').section('-', 0, 0).toLower();
         if (language == QLatin1String("en") || language == QLatin1String("c"))
             return QString();
         if (acAvailable.contains(language))

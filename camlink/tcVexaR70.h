@@ -25,6 +25,8 @@ public Q_SLOTS:
     void SendCommand() { sendTypedCommand(); }
     void SendPreset() { sendChosenPreset(); }
     void SendFile() { sendChosenFile(); }
+    // By value: so the chooser and the slot's name have it.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param)
     void addText(QString acText) { showText(acText); }
 
 private:

@@ -261,6 +261,22 @@
         <source>Markers</source>
         <translation>Marken</translation>
     </message>
+    <message>
+        <source>Left minimum</source>
+        <translation>Minimum links</translation>
+    </message>
+    <message>
+        <source>Left maximum</source>
+        <translation>Maximum links</translation>
+    </message>
+    <message>
+        <source>Right minimum</source>
+        <translation>Minimum rechts</translation>
+    </message>
+    <message>
+        <source>Right maximum</source>
+        <translation>Maximum rechts</translation>
+    </message>
 </context>
 <context>
     <name>VexaK40</name>
@@ -1149,6 +1165,10 @@
         <source>Log Data...</source>
         <translation>Daten protokollieren...</translation>
     </message>
+    <message>
+        <source>Chart</source>
+        <translation>Diagramm</translation>
+    </message>
 </context>
 <context>
     <name>tcFindBar</name>
@@ -1439,6 +1459,161 @@
     <message>
         <source>The first %1 are listed.</source>
         <translation>Aufgeführt sind die ersten %1.</translation>
+    </message>
+</context>
+<context>
+    <name>tcChartActions</name>
+    <message>
+        <source>Measure</source>
+        <translation>Messen</translation>
+    </message>
+    <message>
+        <source>Follow</source>
+        <translation>Folgen</translation>
+    </message>
+    <message>
+        <source>Measuring Cursors</source>
+        <translation>Messcursor</translation>
+    </message>
+    <message>
+        <source>Statistics...</source>
+        <translation>Statistik...</translation>
+    </message>
+    <message>
+        <source>Limits...</source>
+        <translation>Grenzwerte...</translation>
+    </message>
+</context>
+<context>
+    <name>tcCursorItem</name>
+    <message>
+        <source>%1/min</source>
+        <translation>%1/min</translation>
+    </message>
+</context>
+<context>
+    <name>tcLimitAlarm</name>
+    <message>
+        <source>%1: %2 is above the upper limit of %3, at %4</source>
+        <translation>%1: %2 liegt über dem oberen Grenzwert von %3, um %4</translation>
+    </message>
+    <message>
+        <source>%1: %2 is below the lower limit of %3, at %4</source>
+        <translation>%1: %2 liegt unter dem unteren Grenzwert von %3, um %4</translation>
+    </message>
+    <message>
+        <source>%1: %2 is within its limits again, at %3</source>
+        <translation>%1: %2 liegt wieder innerhalb der Grenzwerte, um %3</translation>
+    </message>
+</context>
+<context>
+    <name>tcLimitsDialog</name>
+    <message>
+        <source>Limits</source>
+        <translation>Grenzwerte</translation>
+    </message>
+    <message>
+        <source>Curve</source>
+        <translation>Kurve</translation>
+    </message>
+    <message>
+        <source>Lower</source>
+        <translation>Unterer</translation>
+    </message>
+    <message>
+        <source>Upper</source>
+        <translation>Oberer</translation>
+    </message>
+    <message>
+        <source>Hysteresis</source>
+        <translation>Hysterese</translation>
+    </message>
+    <message>
+        <source>Sound the bell when a reading leaves its limits</source>
+        <translation>Signalton, wenn ein Messwert seine Grenzwerte verlässt</translation>
+    </message>
+    <message>
+        <source>Watch the lower limit of %1</source>
+        <translation>Unteren Grenzwert von %1 überwachen</translation>
+    </message>
+    <message>
+        <source>Lower limit of %1</source>
+        <translation>Unterer Grenzwert von %1</translation>
+    </message>
+    <message>
+        <source>Watch the upper limit of %1</source>
+        <translation>Oberen Grenzwert von %1 überwachen</translation>
+    </message>
+    <message>
+        <source>Upper limit of %1</source>
+        <translation>Oberer Grenzwert von %1</translation>
+    </message>
+    <message>
+        <source>Hysteresis of %1</source>
+        <translation>Hysterese von %1</translation>
+    </message>
+    <message>
+        <source>How far a reading must come back to count as within limits</source>
+        <translation>Wie weit ein Messwert zurückkommen muss, um wieder innerhalb der Grenzwerte zu gelten</translation>
+    </message>
+</context>
+<context>
+    <name>tcStatisticsDialog</name>
+    <message>
+        <source>Statistics</source>
+        <translation>Statistik</translation>
+    </message>
+    <message>
+        <source>Visible range</source>
+        <translation>Sichtbarer Bereich</translation>
+    </message>
+    <message>
+        <source>Between the cursors</source>
+        <translation>Zwischen den Cursorn</translation>
+    </message>
+    <message>
+        <source>Range</source>
+        <translation>Bereich</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Copy the table as text, its columns parted by tabs</source>
+        <translation>Die Tabelle als Text kopieren, Spalten durch Tabulatoren getrennt</translation>
+    </message>
+    <message>
+        <source>Curve</source>
+        <translation>Kurve</translation>
+    </message>
+    <message>
+        <source>Count</source>
+        <translation>Anzahl</translation>
+    </message>
+    <message>
+        <source>Smallest</source>
+        <translation>Kleinster</translation>
+    </message>
+    <message>
+        <source>Largest</source>
+        <translation>Größter</translation>
+    </message>
+    <message>
+        <source>Mean</source>
+        <translation>Mittelwert</translation>
+    </message>
+    <message>
+        <source>Std. deviation</source>
+        <translation>Standardabw.</translation>
+    </message>
+    <message>
+        <source>Slope/min</source>
+        <translation>Steigung/min</translation>
+    </message>
+    <message>
+        <source>%1 to %2 (%3)</source>
+        <translation>%1 bis %2 (%3)</translation>
     </message>
 </context>
 </TS>

@@ -74,7 +74,8 @@ void tcPresetList::rebuild(teCmvType aeType, const tcFile& acFile)
     mPresets.clear();
     mTexts.clear();
     mBuiltIns = builtIns.count;
-    mPresets.reserve(static_cast<size_t>(builtIns.count + acFile.rows.size() + 1));
+    mPresets.reserve(static_cast<size_t>(builtIns.count)
+                     + static_cast<size_t>(acFile.rows.size()) + 1);
     for (const tcPreset& preset : builtIns)
         append({QByteArray(preset.label), QByteArray(preset.script)});
     for (const tcTexts& row : acFile.rows)

@@ -49,7 +49,7 @@ std::optional<QString> tcRxAssembler::nextReply()
         mStart = end;
         if (std::exchange(mDropping, false))
             continue;
-        if (const std::optional<QString> reply = replyIn(line))
+        if (std::optional<QString> reply = replyIn(line))
             return reply;
     }
     keepUnfinishedLine();
