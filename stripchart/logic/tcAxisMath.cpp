@@ -117,16 +117,37 @@ tcSpanWindow spanWindow(int anSeconds, qint64 anNowMs, double anAxisEnd)
 
 double timeStep(double anSpanMs, int anMaxSteps)
 {
-    constexpr double second = 1e3;
-    constexpr double minute = 60.0 * second;
-    constexpr double hour = 60.0 * minute;
-    constexpr double steps[]
-        = {1.0,           2.0,           5.0,           10.0,   20.0,         50.0,
-           100.0,         200.0,         500.0,         second, 2.0 * second, 5.0 * second,
-           10.0 * second, 15.0 * second, 30.0 * second, minute, 2.0 * minute, 5.0 * minute,
-           10.0 * minute, 15.0 * minute, 30.0 * minute, hour,   2.0 * hour,   3.0 * hour,
-           6.0 * hour,    12.0 * hour,   24.0 * hour};
-    for (const double step : steps)
+    constexpr double cSecond = 1e3;
+    constexpr double cMinute = 60.0 * cSecond;
+    constexpr double cHour = 60.0 * cMinute;
+    constexpr double cSteps[] = {1.0,
+                                 2.0,
+                                 5.0,
+                                 10.0,
+                                 20.0,
+                                 50.0,
+                                 100.0,
+                                 200.0,
+                                 500.0,
+                                 cSecond,
+                                 2.0 * cSecond,
+                                 5.0 * cSecond,
+                                 10.0 * cSecond,
+                                 15.0 * cSecond,
+                                 30.0 * cSecond,
+                                 cMinute,
+                                 2.0 * cMinute,
+                                 5.0 * cMinute,
+                                 10.0 * cMinute,
+                                 15.0 * cMinute,
+                                 30.0 * cMinute,
+                                 cHour,
+                                 2.0 * cHour,
+                                 3.0 * cHour,
+                                 6.0 * cHour,
+                                 12.0 * cHour,
+                                 24.0 * cHour};
+    for (const double step : cSteps)
         if (anSpanMs <= step * std::max(anMaxSteps, 1))
             return step;
     return 0.0;
