@@ -42,7 +42,7 @@ tcColumnPainter::tcColumnPainter(QPainter& arPainter, const QRectF& acCanvas)
     const int margin = reach(arPainter);
     // Whole pixels: what is cut off there lies between them.
     mClip = QRectF(mClip.toAlignedRect().adjusted(-margin, -margin, margin, margin));
-    const QPen pen = arPainter.pen();
+    const QPen& pen = arPainter.pen();
     // Dashes and translucency show where a line runs twice.
     mSolid = pen.isSolid() && pen.style() == Qt::SolidLine
         && pen.brush().style() == Qt::SolidPattern && pen.color().alpha() == 255;

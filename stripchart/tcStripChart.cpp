@@ -283,6 +283,7 @@ void tcStripChart::resetMinMax()
     mForm->qwtPlot->replot();
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the interface has it by value
 void tcStripChart::loadCsvFile(QString arFile)
 {
     mFiles->load(arFile, mName);

@@ -78,10 +78,9 @@ void tcReplyView::installShortcuts(QWidget* apPanel, const QList<tcReplyView*>& 
         shortcut->setContext(Qt::WidgetWithChildrenShortcut);
         QObject::connect(shortcut, &QShortcut::activated, apPanel, [acViews, apDo] {
             tcReplyView* chosen = acViews.first();
+            const QWidget* focus = QApplication::focusWidget();
             for (tcReplyView* view : acViews) {
-                if (view->isVisible() && view->isAncestorOf(QApplication::focusWidget()))
-                    chosen = view;
-                else if (view->hasFocus())
+                if (focus == view || (view->isVisible() && view->isAncestorOf(focus)))
                     chosen = view;
             }
             (chosen->*apDo)();

@@ -251,11 +251,9 @@ const char* tcCsvReader::parseValue(const char* acAt, const char* acStop)
 void tcCsvReader::slowValue(const QByteArray& acText)
 {
     double value = 0;
-    if (mOversized)
-        mReport.add(mLine, tcCsvReport::teReason::BadValue, acText);
-    else if (acText.isEmpty())
+    if (!mOversized && acText.isEmpty())
         return;
-    else if (tcNumberText::parseDecimal(acText, value))
+    if (!mOversized && tcNumberText::parseDecimal(acText, value))
         addValue(value);
     else
         mReport.add(mLine, tcCsvReport::teReason::BadValue, acText);
