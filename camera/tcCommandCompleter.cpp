@@ -23,7 +23,6 @@ tcCommandCompleter::tcCommandCompleter(QComboBox* apHistory)
     mHistory->setCompleter(nullptr);
     QLineEdit* line = mHistory->lineEdit();
     setWidget(line);
-    mPopup = popup();
     connect(line, &QLineEdit::textEdited, this, &tcCommandCompleter::offer);
     connect(this, qOverload<const QString&>(&QCompleter::activated), line, &QLineEdit::setText);
 }
@@ -46,6 +45,7 @@ bool tcCommandCompleter::eventFilter(QObject* apWatched, QEvent* apEvent)
 
 void tcCommandCompleter::offer(const QString& acTyped)
 {
+    mPopup = popup(); // made at first need, as few panels are ever typed into
     refill();
     setCompletionPrefix(acTyped);
     if (acTyped.isEmpty() || completionCount() == 0)

@@ -25,7 +25,7 @@ private:
     void refill();
 
     QComboBox* mHistory;                 ///< parent
-    QAbstractItemView* mPopup = nullptr; ///< of the completer
+    QAbstractItemView* mPopup = nullptr; ///< of the completer; null until something is typed
     QStringListModel mEntries;
     bool mOld = true; ///< the history has changed since the entries were made
 };

@@ -13,11 +13,27 @@
 #include <QStandardPaths>
 #include <QTextBlock>
 
-tcReplyView::tcReplyView(QWidget* apParent)
-    : QPlainTextEdit(apParent), mBar(new tcFindBar(this))
+tcReplyView::tcReplyView(QWidget* apParent) : QPlainTextEdit(apParent)
 {
-    mBar->hide();
     setUndoRedoEnabled(false); // nobody undoes a reply, and each one would be kept twice
+    // Emitted for scrolled, changed and resized text alike.
+    connect(this, &QPlainTextEdit::updateRequest, this, [this](const QRect&, int anDy) {
+        if (anDy != 0 && isFinding())
+            markHits();
+    });
+    connect(this, &QPlainTextEdit::textChanged, this, [this] {
+        if (isFinding())
+            markHits();
+    });
+}
+
+/// Made at first need: there are many views, and few are ever searched.
+tcFindBar& tcReplyView::bar()
+{
+    if (mBar)
+        return *mBar;
+    mBar = new tcFindBar(this);
+    mBar->hide();
     connect(mBar, &tcFindBar::wantedChanged, this, [this] {
         // What is typed is looked for from the hit before, so that it grows with the word.
         QTextCursor cursor = textCursor();
@@ -28,15 +44,12 @@ tcReplyView::tcReplyView(QWidget* apParent)
     connect(mBar, &tcFindBar::next, this, &tcReplyView::findNext);
     connect(mBar, &tcFindBar::previous, this, &tcReplyView::findPrevious);
     connect(mBar, &tcFindBar::closed, this, &tcReplyView::endFind);
-    // Emitted for scrolled, changed and resized text alike.
-    connect(this, &QPlainTextEdit::updateRequest, this, [this](const QRect&, int anDy) {
-        if (anDy != 0 && mBar->isVisible())
-            markHits();
-    });
-    connect(this, &QPlainTextEdit::textChanged, this, [this] {
-        if (mBar->isVisible())
-            markHits();
-    });
+    return *mBar;
+}
+
+bool tcReplyView::isFinding() const
+{
+    return mBar && mBar->isVisible();
 }
 
 tcReplyView::~tcReplyView() = default;
@@ -94,14 +107,14 @@ void tcReplyView::installShortcuts(QWidget* apPanel, const QList<tcReplyView*>& 
 void tcReplyView::beginFind()
 {
     placeBar();
-    setViewportMargins(0, 0, 0, mBar->sizeHint().height());
-    mBar->beginTyping();
+    setViewportMargins(0, 0, 0, bar().sizeHint().height());
+    bar().beginTyping();
     markHits();
 }
 
 void tcReplyView::endFind()
 {
-    mBar->hide();
+    bar().hide();
     setViewportMargins(0, 0, 0, 0);
     setExtraSelections({});
     setFocus();
@@ -109,9 +122,9 @@ void tcReplyView::endFind()
 
 void tcReplyView::findFrom(bool abBackward)
 {
-    const QString wanted = mBar->wanted();
+    const QString wanted = bar().wanted();
     if (wanted.isEmpty()) {
-        mBar->showFound(true);
+        bar().showFound(true);
         beginFind();
         return;
     }
@@ -125,14 +138,14 @@ void tcReplyView::findFrom(bool abBackward)
         if (!found)
             setTextCursor(before);
     }
-    mBar->showFound(found);
+    bar().showFound(found);
     markHits();
 }
 
 void tcReplyView::markHits()
 {
     QList<QTextEdit::ExtraSelection> marks;
-    const QString wanted = mBar->wanted();
+    const QString wanted = bar().wanted();
     QTextBlock block = wanted.isEmpty() ? QTextBlock() : firstVisibleBlock();
     for (; block.isValid(); block = block.next()) {
         if (blockBoundingGeometry(block).translated(contentOffset()).top()
@@ -156,19 +169,20 @@ void tcReplyView::markHits()
 
 void tcReplyView::placeBar()
 {
-    const int height = mBar->sizeHint().height();
+    const int height = bar().sizeHint().height();
     const QRect inside = contentsRect();
     const int side = verticalScrollBar()->isVisible() ? verticalScrollBar()->width() : 0;
     const int below = horizontalScrollBar()->isVisible() ? horizontalScrollBar()->height() : 0;
-    mBar->setGeometry(inside.left(), inside.bottom() + 1 - height - below,
+    bar().setGeometry(inside.left(), inside.bottom() + 1 - height - below,
                       inside.width() - side, height);
 }
 
 void tcReplyView::resizeEvent(QResizeEvent* apEvent)
 {
     QPlainTextEdit::resizeEvent(apEvent);
-    placeBar();
-    if (mBar->isVisible())
+    if (mBar)
+        placeBar();
+    if (isFinding())
         markHits();
 }
 

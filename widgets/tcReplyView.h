@@ -41,12 +41,14 @@ protected:
     void resizeEvent(QResizeEvent* apEvent) override;
 
 private:
+    tcFindBar& bar();
+    bool isFinding() const;
     void findFrom(bool abBackward);
     void endFind();
     void markHits();
     void placeBar();
 
-    tcFindBar* mBar;              ///< by Qt parenthood
+    tcFindBar* mBar = nullptr;    ///< by Qt parenthood; null until somebody searches
     QList<QAction*> mMoreActions; ///< not owned
     QString mLastFile;
 };

@@ -154,7 +154,7 @@ void tst_ReplyView::escapeEndsIt()
     const int before = mFirst->viewport()->height();
     type(mFirst, "ack");
     QTest::keyClick(bar(mFirst)->findChild<QLineEdit*>(), Qt::Key_Escape);
-    QVERIFY(!bar(mFirst)->isVisible());
+    QVERIFY(!bar(mFirst) || !bar(mFirst)->isVisible());
     QCOMPARE(mFirst->viewport()->height(), before);
     QVERIFY(mFirst->extraSelections().isEmpty());
 }
@@ -164,7 +164,7 @@ void tst_ReplyView::shortcutsServeTheFocusedView()
     mSecond->setFocus();
     QTest::keyClick(mPanel.get(), Qt::Key_F, Qt::ControlModifier);
     QVERIFY(bar(mSecond)->isVisible());
-    QVERIFY(!bar(mFirst)->isVisible());
+    QVERIFY(!bar(mFirst) || !bar(mFirst)->isVisible());
     QTest::keyClick(bar(mSecond)->findChild<QLineEdit*>(), Qt::Key_Escape);
     mPanel->findChild<QLineEdit*>("command")->setFocus();
     QTest::keyClick(mPanel.get(), Qt::Key_F, Qt::ControlModifier);
