@@ -123,6 +123,7 @@ void tcSensorMonitor::addEntry(teSensorKind aeKind, const QString& acName,
     auto* item
         = new QListWidgetItem(tcSensorTable::listText(acName, acSourceType, acDisplayText));
     item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
+    item->setToolTip(item->text()); // a port's name may be longer than the list is wide
     item->setCheckState(Qt::Unchecked);
     item->setData(cKindRole, static_cast<int>(aeKind));
     item->setData(cNameRole, acName);

@@ -93,7 +93,7 @@ private:
     QMap<int, tcStripCurve*> mSensorCurves; ///< of mCurves
     QList<tcRunningSource> mSources;
     QUuid mSetPointMarker;
-    QTimer mPollTimer;
+    QTimer mPollTimer{this};
     int mNextColor = 0;
     int mNextIndex = 0;
     bool mStopping = false;

@@ -122,7 +122,8 @@ void tst_BasicPanels::openSetsTheBaudRateAndPolls()
     mFake.receive("<VERS>");
     QTRY_COMPARE(shown(), QString("<VERS>"));
     const auto* timer = mPanel->findChild<QTimer*>();
-    QVERIFY(!timer || timer->interval() == 100);
+    QVERIFY(timer);
+    QCOMPARE(timer->interval(), 100);
 }
 
 void tst_BasicPanels::baudRefusedIsToldAndNothingPolls()
