@@ -112,7 +112,7 @@ void tcSensorMonitor::fillSourceMenu()
             QAction* action = channelMenu->addAction(channel);
             action->setShortcut(QKeySequence());
             connect(action, &QAction::triggered, this,
-                    [this, channel, type] { addEntry(teSensorKind::Source, channel, type); });
+                    [this, channel, type] { addSource(channel, type); });
         }
     }
 }
@@ -123,13 +123,20 @@ void tcSensorMonitor::addEntry(teSensorKind aeKind, const QString& acName,
     auto* item
         = new QListWidgetItem(tcSensorTable::listText(acName, acSourceType, acDisplayText));
     item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
-    item->setToolTip(item->text()); // a port's name may be longer than the list is wide
+    item->setToolTip(item->text()); // a port's name without blanks may be wider than the list
     item->setCheckState(Qt::Unchecked);
     item->setData(cKindRole, static_cast<int>(aeKind));
     item->setData(cNameRole, acName);
     item->setData(cSourceTypeRole, acSourceType);
     item->setData(cDisplayTextRole, acDisplayText);
     mControls.sensors->addItem(item);
+}
+
+/// Shows the new entry too: it comes last, behind more rows than the list shows.
+void tcSensorMonitor::addSource(const QString& acChannel, const QString& acType)
+{
+    addEntry(teSensorKind::Source, acChannel, acType);
+    mControls.sensors->setCurrentRow(mControls.sensors->count() - 1);
 }
 
 void tcSensorMonitor::addOmegaMonitor()
@@ -143,7 +150,7 @@ void tcSensorMonitor::addOmegaMonitor()
         = tcDialogs::current().item(mControls.sensors, tr("Add Sensor"), tr("Select COM port"),
                                     source->availableChannels());
     if (alive && port && !port->isEmpty())
-        addEntry(teSensorKind::Source, *port, type);
+        addSource(*port, type);
 }
 
 void tcSensorMonitor::showTemps(bool abOn)

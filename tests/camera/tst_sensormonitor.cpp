@@ -406,6 +406,7 @@ void tst_SensorMonitor::comPortDialog()
     QCOMPARE(mList->item(15)->text(), QString("virtual7 [ Virtual thermometer ] Omega UTC"));
     QVERIFY(mList->item(15)->flags() & Qt::ItemIsUserCheckable);
     QCOMPARE(mList->item(15)->checkState(), Qt::Unchecked);
+    QCOMPARE(mList->currentRow(), 15); // scrolled to, since it lies below what the list shows
 }
 
 void tst_SensorMonitor::comPortDialogCancelled()

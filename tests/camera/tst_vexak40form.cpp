@@ -54,6 +54,7 @@ private Q_SLOTS:
     void helpEntriesWithoutHint();
     void everyControlHasAnAccessibleName();
     void tabOrderFollowsTheEye();
+    void longSensorNamesAreShownWhole();
     void fitsTheDefaultWindow_data();
     void fitsTheDefaultWindow();
 };
@@ -286,6 +287,21 @@ void tst_VexaK40Form::tabOrderFollowsTheEye()
             order.append(name);
     }
     QCOMPARE(order.join(" "), expected.join(" "));
+}
+
+/// Ports have long names, and two that end alike must be told apart.
+void tst_VexaK40Form::longSensorNamesAreShownWhole()
+{
+    tcPanelRig rig;
+    auto* list = rig.find<QListWidget>("sensorsLW");
+    list->addItem("/dev/serial0 [ USB to serial adapter of the thermometer ] Omega UTC");
+    rig.panel.resize(710, 360);
+    rig.panel.show();
+    const QListWidgetItem* added = list->item(list->count() - 1);
+    QTRY_VERIFY(list->visualItemRect(list->item(0)).height() > 0);
+    const int line = list->visualItemRect(list->item(0)).height();
+    QTRY_VERIFY(list->visualItemRect(added).height() >= 2 * line - 4);
+    QVERIFY(list->visualItemRect(added).width() <= list->viewport()->width());
 }
 
 void tst_VexaK40Form::fitsTheDefaultWindow_data()
