@@ -4,6 +4,7 @@
 #include "stripchart/tcStripCurve.h"
 
 #include <QDebug>
+#include <QPainter>
 
 tcStripMarker::tcStripMarker(const QString& acName) : mName(acName) { }
 
@@ -57,6 +58,18 @@ tcStripLineMarker::tcStripLineMarker(const QString& acName) : tcStripMarker(acNa
 {
     setLineStyle(QwtPlotMarker::HLine);
     setLabelAlignment(Qt::AlignRight | Qt::AlignBottom);
+}
+
+void tcStripLineMarker::drawLabel(QPainter* apPainter, const QRectF& acCanvas,
+                                  const QPointF& acAt) const
+{
+    QPointF at = acAt;
+    const double room = label().textSize(apPainter->font()).height() + spacing();
+    const bool onCanvas = at.y() >= acCanvas.top() && at.y() <= acCanvas.bottom();
+    if (labelAlignment().testFlag(Qt::AlignBottom) && onCanvas
+        && at.y() + room > acCanvas.bottom())
+        at.ry() -= room + spacing();
+    tcStripMarker::drawLabel(apPainter, acCanvas, at);
 }
 
 tcStripPointMarker::tcStripPointMarker(const QString& acName) : tcStripMarker(acName)

@@ -31,11 +31,16 @@ private:
     tcStripCurve* mCurve = nullptr; ///< not owned
 };
 
-/// A horizontal line across the canvas.
+/// A horizontal line across the canvas. Its label, which hangs below it, stands above a line so
+/// near to the bottom that it would be cut off: set points like to be where an axis ends.
 class tcStripLineMarker : public tcStripMarker
 {
 public:
     explicit tcStripLineMarker(const QString& acName);
+
+protected:
+    void drawLabel(QPainter* apPainter, const QRectF& acCanvas,
+                   const QPointF& acAt) const override;
 };
 
 /// A point that the operator placed.

@@ -1,12 +1,46 @@
 #include "stripchart/tcStripCurve.h"
 #include "stripchart/tcStripMarker.h"
 
+#include <QPainter>
 #include <QtTest>
 #include <qwt_plot.h>
+#include <qwt_scale_map.h>
+
+#include <memory>
 
 class tst_StripMarker : public QObject
 {
     Q_OBJECT
+
+    static std::unique_ptr<tcStripLineMarker> inTheMiddle(const QwtText& acLabel)
+    {
+        auto marker = std::make_unique<tcStripLineMarker>("Set Point");
+        marker->setLabel(acLabel);
+        marker->setYValueWithLabel(50.0);
+        return marker;
+    }
+
+    /// Where a red label stands on a canvas of 300 x 100 pixels, for values from 0 to 100.
+    static QRect labelInk(const tcStripLineMarker& acMarker)
+    {
+        QImage canvas(300, 100, QImage::Format_RGB32);
+        canvas.fill(Qt::black);
+        QPainter painter(&canvas);
+        QwtScaleMap xMap;
+        xMap.setPaintInterval(0, 300);
+        QwtScaleMap yMap;
+        yMap.setScaleInterval(0, 100);
+        yMap.setPaintInterval(100, 0);
+        acMarker.draw(&painter, xMap, yMap, canvas.rect());
+        QRect ink;
+        for (int y = 0; y < canvas.height(); ++y) {
+            for (int x = 0; x < canvas.width(); ++x) {
+                if (qRed(canvas.pixel(x, y)) > 60)
+                    ink |= QRect(x, y, 1, 1);
+            }
+        }
+        return ink;
+    }
 
 private Q_SLOTS:
     void followingACurveTakesItsAxisAndColor()
@@ -99,6 +133,42 @@ private Q_SLOTS:
         marker.setYValueWithLabel(value);
         QCOMPARE(marker.yValue(), value);
         QTEST(marker.label().text(), "label");
+    }
+
+    void lineLabelStaysOnTheCanvas_data()
+    {
+        QTest::addColumn<double>("value");
+        QTest::addColumn<bool>("above");
+        QTest::newRow("in the middle") << 50.0 << false;
+        QTest::newRow("at the top") << 100.0 << false;
+        QTest::newRow("at the bottom") << 0.0 << true;
+        QTest::newRow("near the bottom") << 8.0 << true;
+    }
+
+    void lineLabelStaysOnTheCanvas()
+    {
+        QFETCH(double, value);
+        tcStripLineMarker marker("Set Point");
+        QwtText label(QString(), QwtText::PlainText);
+        label.setColor(Qt::red);
+        marker.setLabel(label);
+        marker.setLinePen(Qt::green);
+        marker.setYValueWithLabel(value);
+        const QRect ink = labelInk(marker);
+        const double line = 100.0 - value;
+        QVERIFY(ink.height() >= 6);
+        QCOMPARE(ink.height(), labelInk(*inTheMiddle(label)).height()); // nothing is cut off
+        QTEST(ink.center().y() < line, "above");
+    }
+
+    void labelOfALineOffTheCanvasIsNotSeen()
+    {
+        tcStripLineMarker marker("Set Point");
+        QwtText label(QString(), QwtText::PlainText);
+        label.setColor(Qt::red);
+        marker.setLabel(label);
+        marker.setYValueWithLabel(-30.0);
+        QVERIFY(labelInk(marker).isNull());
     }
 
     void pointWithLabel()
