@@ -3,6 +3,7 @@
 #include "sources/logic/tcOmegaReply.h"
 
 #include <QDateTime>
+#include <QDebug>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QSerialPort>
@@ -143,5 +144,11 @@ QString tcOmegaMonWorker::poll(QSerialPort& arPort, tcWorkerLink& arLink)
     // Nothing leaves a port that is gone; without this its buffer grows with each request.
     QString fault = arPort.errorString();
     arPort.clear();
+    // A port that was pulled reads as an end of file, which leaves an older error's text
+    // standing.
+    if (error == QSerialPort::ReadError || error == QSerialPort::ResourceError) {
+        qDebug().noquote() << "Thermometer at" << arPort.portName() << "gone:" << fault;
+        fault = tr("device gone");
+    }
     return fault;
 }

@@ -1063,6 +1063,10 @@
         <source>Bad write: %1/3 bytes [%2]</source>
         <translation>Unvollständig geschrieben: %1/3 Bytes [%2]</translation>
     </message>
+    <message>
+        <source>device gone</source>
+        <translation>„Gerät fort“</translation>
+    </message>
 </context>
 <context>
     <name>tcAxisChooser</name>
