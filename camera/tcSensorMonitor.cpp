@@ -91,7 +91,9 @@ void tcSensorMonitor::setUpChart()
     mChart->setYRange(cLeftAxis, 10, 50);
     mSetPointMarker = mChart->addLineMarker(tr("Set Point"), cSetPointAtStart);
     mChart->setYRange(cRightAxis, 0, 100);
-    connect(mChart.get(), &tcStripChart::limitCrossed, this, &tcSensorMonitor::message);
+    // A line of its own: what comes next must not run into it.
+    connect(mChart.get(), &tcStripChart::limitCrossed, this,
+            [this](const QString& acText) { Q_EMIT message(acText + '\n'); });
 }
 
 /// Once, when it is first looked at: asking instruments what they offer takes time that the

@@ -3,8 +3,8 @@
 #include "stripchart/logic/tcMeasure.h"
 #include "stripchart/tcStripCurve.h"
 #include "stripchart/tcStripLegend.h"
+#include "widgets/tcDialogs.h"
 
-#include <QApplication>
 #include <QDateTime>
 #include <QPointer>
 #include <qwt_plot.h>
@@ -72,6 +72,9 @@ void tcLimitAlarm::poll()
         meetCurves();
     for (tcWatched& watched : mWatched)
         look(watched);
+    // Once, however many readings came at a time.
+    if (std::exchange(mBellDue, false))
+        tcDialogs::current().bell();
     // Last, since whoever hears it may change anything here.
     const QPointer<tcLimitAlarm> alive(this);
     const QStringList texts = std::exchange(mTexts, {});
@@ -117,22 +120,22 @@ void tcLimitAlarm::tell(const tcWatched& acWatched, double anTimeMs, double anVa
 {
     const QString time = QDateTime::fromMSecsSinceEpoch(std::llround(anTimeMs))
                              .toString(QStringLiteral("hh:mm:ss.zzz"));
+    const QString name = acWatched.name.trimmed(); // a camera's sensor ends in a blank
     const QString value = tcMeasure::valueText(anValue);
     const tcLimits& limits = acWatched.watch.limits();
     const tcLimitWatch::teState state = acWatched.watch.state();
     if (state != tcLimitWatch::teState::Inside && mBeeps)
-        QApplication::beep();
+        mBellDue = true;
     if (state == tcLimitWatch::teState::Above)
-        mTexts.append(tr("%1: %2 is above the upper limit of %3, at %4")
-                          .arg(acWatched.name, value,
-                               tcMeasure::valueText(limits.upper.value_or(0.0)), time));
-    else if (state == tcLimitWatch::teState::Below)
-        mTexts.append(tr("%1: %2 is below the lower limit of %3, at %4")
-                          .arg(acWatched.name, value,
-                               tcMeasure::valueText(limits.lower.value_or(0.0)), time));
-    else
         mTexts.append(
-            tr("%1: %2 is within its limits again, at %3").arg(acWatched.name, value, time));
+            tr("%1: %2 is above the upper limit of %3, at %4")
+                .arg(name, value, tcMeasure::valueText(limits.upper.value_or(0.0)), time));
+    else if (state == tcLimitWatch::teState::Below)
+        mTexts.append(
+            tr("%1: %2 is below the lower limit of %3, at %4")
+                .arg(name, value, tcMeasure::valueText(limits.lower.value_or(0.0)), time));
+    else
+        mTexts.append(tr("%1: %2 is within its limits again, at %3").arg(name, value, time));
 }
 
 void tcLimitAlarm::color(tcStripCurve& arCurve, bool abAlarm)

@@ -64,4 +64,5 @@ private:
     QStringList mTexts; ///< still to be told
     QTimer mTimer;
     bool mBeeps = false;
+    bool mBellDue = false;
 };

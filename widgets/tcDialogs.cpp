@@ -1,5 +1,6 @@
 #include "widgets/tcDialogs.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -76,6 +77,11 @@ void tcDialogs::warning(QWidget* apParent, const QString& acTitle, const QString
 void tcDialogs::information(QWidget* apParent, const QString& acTitle, const QString& acText)
 {
     QMessageBox::information(apParent, acTitle, acText, QMessageBox::Ok);
+}
+
+void tcDialogs::bell()
+{
+    QApplication::beep();
 }
 
 void tcDialogs::about(const QString& acTitle, const QString& acRichText)

@@ -45,6 +45,8 @@ public:
     /// One button, OK.
     virtual void warning(QWidget* apParent, const QString& acTitle, const QString& acText);
     virtual void information(QWidget* apParent, const QString& acTitle, const QString& acText);
+    /// The desktop's bell, for whoever looks elsewhere.
+    virtual void bell();
     /// Rich text about the program; no parent.
     virtual void about(const QString& acTitle, const QString& acRichText);
 };

@@ -1,6 +1,7 @@
 #include "stripchart/tcStripChart.h"
 #include "stripchart/tcStripCurve.h"
 #include "stripchart/tcStripMarker.h"
+#include "tests/camera/tcChartOperator.h"
 #include "tests/camera/tcVirtualRig.h"
 #include "tests/support/tcScriptedDialogs.h"
 
@@ -24,7 +25,6 @@ private Q_SLOTS:
     void sensorSettlesOnTheSetPoint();
 
 private:
-    static tcStripChart* shownChart();
     static const tcStripMarker* setPoint(const tcStripChart& acChart);
     static void compareSaved(const tcStripCurve& acLive, const tcStripCurve& acLoaded);
 };
@@ -34,16 +34,6 @@ void tst_Settling::initTestCase()
     tcVirtualRig::chooseFaults("");
     // An hour of the camera's life takes some four seconds.
     qputenv("CLALLSERIAL_VIRTUAL_SPEED", "900");
-}
-
-tcStripChart* tst_Settling::shownChart()
-{
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        auto* chart = qobject_cast<tcStripChart*>(window);
-        if (chart && chart->isVisible())
-            return chart;
-    }
-    return nullptr;
 }
 
 const tcStripMarker* tst_Settling::setPoint(const tcStripChart& acChart)
@@ -78,7 +68,7 @@ void tst_Settling::sensorSettlesOnTheSetPoint()
     for (const int row : {0, 2})
         rig.find<QListWidget>("sensorsLW")->item(row)->setCheckState(Qt::Checked);
     rig.find<QPushButton>("tempsPB")->click();
-    tcStripChart* chart = shownChart();
+    tcStripChart* chart = tcChartOperator::shownChart();
     QVERIFY(chart);
     const tcStripCurve* sensor = chart->curves().at(0);
     const tcStripCurve* curve = chart->curves().at(1);

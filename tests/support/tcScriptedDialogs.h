@@ -28,6 +28,7 @@ public:
     std::optional<QString> itemAnswer;
     std::function<void()> whileOpen; ///< what happens behind the operator's back
     QList<tcAsked> asked;
+    int bells = 0;
 
     QString openFile(QWidget*, const QString& acCaption, const QString& acStart,
                      const QString& acFilter) override
@@ -72,6 +73,7 @@ public:
     {
         note({"information", acTitle, acText, {}});
     }
+    void bell() override { ++bells; }
     void about(const QString& acTitle, const QString& acRichText) override
     {
         note({"about", acTitle, acRichText, {}});
