@@ -106,6 +106,17 @@ bool setFaults(tcSerialConfig& arConfig, const std::string& acValue)
     return true;
 }
 
+bool setReplay(tcSerialConfig& arConfig, const std::string& acValue)
+{
+    arConfig.replay = acValue;
+    return true;
+}
+
+bool setLoop(tcSerialConfig& arConfig, const std::string& acValue)
+{
+    return setSwitch(arConfig.loop, acValue);
+}
+
 bool setTimeout(tcSerialConfig& arConfig, const std::string& acValue)
 {
     using teTimeout = tcSerialConfig::teTimeout;
@@ -144,7 +155,7 @@ struct tcKeyRow
     bool (*set)(tcSerialConfig&, const std::string&);
 };
 
-constexpr std::array<tcKeyRow, 10> cKeys{{
+constexpr std::array<tcKeyRow, 12> cKeys{{
     {"vendor", "use", setVendor},
     {"vendor", "path", setVendorPath},
     {"host", "scan", setHostScan},
@@ -154,6 +165,8 @@ constexpr std::array<tcKeyRow, 10> cKeys{{
     {"virtual", "seed", setSeed},
     {"virtual", "speed", setSpeed},
     {"virtual", "faults", setFaults},
+    {"virtual", "replay", setReplay},
+    {"virtual", "loop", setLoop},
     {"line", "timeout", setTimeout},
 }};
 

@@ -28,7 +28,9 @@ struct tcSerialConfig
     teVirtual virtualCameras = teVirtual::Auto;
     std::vector<std::string> models; ///< keys of camera models; empty: all
     uint64_t seed = 1;
-    double speed = 1.0; ///< of heat in a virtual camera, 0.01 to 10000
+    double speed = 1.0; ///< of heat in a virtual camera, 0.01 to 10000, and of a replay
+    std::string replay; ///< chart file that virtual cameras' sensors read; empty: none
+    bool loop = false;  ///< begin the replay again at its end
     std::string faults; ///< as tcFaultPlan reads them, for every virtual camera
     teTimeout timeout = teTimeout::Partial;
 

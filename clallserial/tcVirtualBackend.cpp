@@ -1,5 +1,6 @@
 #include "clallserial/tcVirtualBackend.h"
 
+#include "clallserial/tcReplayLoader.h"
 #include "clallserial/tcStatusText.h"
 #include "sim/camera/tcCameraModel.h"
 #include "sim/camera/tcCameraSim.h"
@@ -216,6 +217,9 @@ std::unique_ptr<tcSerialPort> tcVirtualBackend::open(const std::string& acKey,
         if (const auto plan
             = tcCameraSim::faultPlan(*model, mConfig.faults, mConfig.seed, error))
             options.faults = *plan;
+        if (!mConfig.replay.empty())
+            options.replay = tcReplayLoader::open(
+                {mConfig.replay.c_str(), mConfig.speed, mConfig.loop, model->sensorBits});
         camera = std::make_shared<tcVirtualCamera>(*model, options);
     }
     {

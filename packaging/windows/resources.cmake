@@ -30,3 +30,4 @@ endfunction()
 
 tarvik_windows_resource(tarvik tarvik.exe "Vexa camera control panel" VFT_APP)
 tarvik_windows_resource(clallserial clallserial.dll "Camera Link serial library" VFT_DLL)
+tarvik_windows_resource(vexa-replay vexa-replay.dll "Chart files for virtual cameras" VFT_DLL)

@@ -2,6 +2,7 @@
 #include "sim/camera/tcCameraSim.h"
 #include "sim/camera/tcPseudoTerminal.h"
 #include "sim/camera/tcWireText.h"
+#include "sim/replay/tcCameraReplay.h"
 
 #include <algorithm>
 #include <array>
@@ -26,6 +27,8 @@ struct tcArguments
     double speed = 1.0;
     std::string faults;
     std::string link;
+    std::string replay;
+    bool loop = false;
     bool help = false;
     bool list = false;
     std::string error;
@@ -33,21 +36,27 @@ struct tcArguments
 
 void printHelp()
 {
-    std::puts("Usage: vexa-camera-sim [options]\n"
-              "\n"
-              "Serves a virtual camera on a pseudo-terminal and prints that one's path. Any\n"
-              "program that talks to a serial port can talk to the camera. Ends with Ctrl+C.\n"
-              "\n"
-              "  --model KEY    which camera, k20-tec unless given; --list shows them all\n"
-              "  --seed N       start of everything random, 1 unless given\n"
-              "  --speed X      how much faster heat flows than in earnest, 0.01 to 10000\n"
-              "  --link PATH    a symbolic link to the pseudo-terminal, removed at the end\n"
-              "  --fault PLAN   what goes wrong, for example drop/10,delay@3=500; may be\n"
-              "                 given several times. Kinds: nack, drop, corrupt, delay=MS,\n"
-              "                 split=MS, flood=S, unplug=S; behind each may stand @N (reply\n"
-              "                 N only), /N (each Nth) or %P (so many per cent)\n"
-              "  --list         print the models and end\n"
-              "  --help         print this text and end");
+    std::puts(
+        "Usage: vexa-camera-sim [options]\n"
+        "\n"
+        "Serves a virtual camera on a pseudo-terminal and prints that one's path. Any\n"
+        "program that talks to a serial port can talk to the camera. Ends with Ctrl+C.\n"
+        "\n"
+        "  --model KEY    which camera, k20-tec unless given; --list shows them all\n"
+        "  --seed N       start of everything random, 1 unless given\n"
+        "  --speed X      how much faster heat flows than in earnest, 0.01 to 10000;\n"
+        "                 of a replay too, then a whole number from 1 to 1000\n"
+        "  --replay FILE  sensors read what a chart's file recorded of them (saved, logged\n"
+        "                 or exported), from the first question on; what is not in the\n"
+        "                 file stays the model's, and in the end the last values stay\n"
+        "  --loop         begins the file again at its end\n"
+        "  --link PATH    a symbolic link to the pseudo-terminal, removed at the end\n"
+        "  --fault PLAN   what goes wrong, for example drop/10,delay@3=500; may be\n"
+        "                 given several times. Kinds: nack, drop, corrupt, delay=MS,\n"
+        "                 split=MS, flood=S, unplug=S; behind each may stand @N (reply\n"
+        "                 N only), /N (each Nth) or %P (so many per cent)\n"
+        "  --list         print the models and end\n"
+        "  --help         print this text and end");
 }
 
 void printModels()
@@ -74,6 +83,10 @@ bool setOption(tcArguments& arArguments, const std::string& acOption,
         arArguments.speed = speed ? static_cast<double>(*speed) / 100.0 : 0.0;
         return speed && *speed >= 1 && *speed <= 1'000'000;
     }
+    if (acOption == "--replay") {
+        arArguments.replay = acValue;
+        return !acValue.empty();
+    }
     if (acOption == "--link") {
         arArguments.link = acValue;
         return !acValue.empty();
@@ -85,8 +98,8 @@ bool setOption(tcArguments& arArguments, const std::string& acOption,
 
 tcArguments parse(int anCount, char** apTexts)
 {
-    constexpr std::array<const char*, 5> cWithValue{
-        {"--model", "--seed", "--speed", "--link", "--fault"}};
+    constexpr std::array<const char*, 6> cWithValue{
+        {"--model", "--seed", "--speed", "--replay", "--link", "--fault"}};
     tcArguments arguments;
     for (int at = 1; at < anCount && arguments.error.empty(); ++at) {
         const std::string option = apTexts[at];
@@ -94,6 +107,8 @@ tcArguments parse(int anCount, char** apTexts)
             arguments.help = true;
         else if (option == "--list")
             arguments.list = true;
+        else if (option == "--loop")
+            arguments.loop = true;
         else if (std::find(cWithValue.begin(), cWithValue.end(), option) == cWithValue.end())
             arguments.error = "unknown option " + option;
         else if (at + 1 >= anCount)
@@ -101,6 +116,8 @@ tcArguments parse(int anCount, char** apTexts)
         else if (!setOption(arguments, option, apTexts[++at]))
             arguments.error = option + ": can't understand \"" + apTexts[at] + '"';
     }
+    if (arguments.error.empty() && arguments.loop && arguments.replay.empty())
+        arguments.error = "--loop needs --replay";
     return arguments;
 }
 
@@ -141,6 +158,15 @@ int run(const tcArguments& acArguments)
     if (const auto plan = tcCameraSim::faultPlan(*acArguments.model, acArguments.faults,
                                                  acArguments.seed, error))
         options.faults = *plan;
+    if (!acArguments.replay.empty()) {
+        options.replay = tcCameraReplay::open({acArguments.replay.c_str(), acArguments.speed,
+                                               acArguments.loop, acArguments.model->sensorBits},
+                                              error);
+        if (!error.empty())
+            std::fprintf(stderr, "vexa-camera-sim: %s\n", error.c_str());
+        if (!options.replay)
+            return 1;
+    }
     tcPseudoTerminal terminal;
     if (!terminal.open() || (!acArguments.link.empty() && !terminal.link(acArguments.link))) {
         std::fprintf(stderr, "vexa-camera-sim: %s\n", terminal.error().c_str());

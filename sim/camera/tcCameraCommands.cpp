@@ -253,7 +253,11 @@ tcFields setRoiCount(const tcArguments& acArguments, const tcContext& acContext)
 
 std::string reading(int anSensor, const tcContext& acContext)
 {
-    return tcWireText::fixed(acContext.thermal.reading(anSensor), 2);
+    // Asked in any case: what is not recorded must not depend on what is.
+    double value = acContext.thermal.reading(anSensor);
+    if (acContext.replay)
+        value = acContext.replay->reading(anSensor, acContext.time).value_or(value);
+    return tcWireText::fixed(value, 2);
 }
 
 /// 0 asks for all temperatures; those not fitted are left out.

@@ -2,6 +2,7 @@
 
 #include "sim/camera/tcCameraModel.h"
 #include "sim/camera/tcCameraState.h"
+#include "sim/camera/tcSensorReplay.h"
 #include "sim/camera/tcThermalModel.h"
 
 #include <optional>
@@ -21,7 +22,9 @@ struct tcContext
 {
     const tcCameraModel& model;
     tcCameraState& state;
-    tcThermalModel& thermal; ///< already at the command's time
+    tcThermalModel& thermal;          ///< already at the command's time
+    tcSensorReplay* replay = nullptr; ///< its readings go before those of the model
+    int64_t time = 0;
 };
 
 /// Carries one command out, given without its brackets: "SROI 0 0 2048 1088". Unknown commands,

@@ -185,7 +185,8 @@ void tcCameraSim::obey(int64_t anTime, std::string_view acCommand)
     warm(anTime);
     tcCameraCommands::tcFields fields;
     if (!fault.nack)
-        fields = tcCameraCommands::execute(acCommand, {mModel, mState, mThermal});
+        fields = tcCameraCommands::execute(
+            acCommand, {mModel, mState, mThermal, mOptions.replay.get(), anTime});
     std::string reply = '<' + std::string(acCommand) + (fields ? "><ACK>" : "><NACK>");
     if (fields) {
         for (const std::string& field : *fields)

@@ -4,9 +4,11 @@
 #include "sim/camera/tcCameraState.h"
 #include "sim/camera/tcFaultPlan.h"
 #include "sim/camera/tcPacedLine.h"
+#include "sim/camera/tcSensorReplay.h"
 #include "sim/camera/tcThermalModel.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -25,6 +27,7 @@ public:
         uint64_t seed = 1;
         double speed = 1.0; ///< how much faster than the line's time heat flows
         tcFaultPlan faults; ///< all of them; faultPlan() adds the model's own
+        std::shared_ptr<tcSensorReplay> replay; ///< null: the readings are the model's
     };
     static constexpr uint32_t cBaud = 115200;         ///< the only rate the camera speaks
     static constexpr size_t cReceiveRoom = 1u << 20;  ///< unread bytes beyond it are lost

@@ -45,9 +45,29 @@ tcReplay::tcCursor* tcReplay::earliest()
     return found;
 }
 
+void tcReplay::restart(qint64 anNow)
+{
+    mStart = anNow;
+    for (tcCursor& column : mColumns)
+        column.next = 0;
+}
+
+qint64 tcReplay::duration() const
+{
+    qint64 last = mStart;
+    for (const tcCursor& column : mColumns) {
+        if (!column.times.empty())
+            last = std::max(last, dueAt(column.times.back()));
+    }
+    return last - mStart;
+}
+
 qint64 tcReplay::dueAt(double anTime) const
 {
-    return mStart + static_cast<qint64>(std::llround((anTime - mFirst) / mSpeed));
+    // A file may hold any numbers for times; a sum of moments must stay one.
+    constexpr double cFarthest = 4e18;
+    const double wait = std::min((anTime - mFirst) / mSpeed, cFarthest);
+    return mStart + static_cast<qint64>(std::llround(wait));
 }
 
 bool tcReplay::step(qint64 anNow, const tcSink& acSink)

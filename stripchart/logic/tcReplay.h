@@ -33,6 +33,11 @@ public:
     /// nothing is left. The sink must not do away with the replay.
     bool step(qint64 anNow, const tcSink& acSink);
 
+    /// Begins anew: the earliest reading is due at anNow.
+    void restart(qint64 anNow);
+    /// Of the present, from the first reading to the last, in ms.
+    qint64 duration() const;
+
     size_t columnCount() const { return mColumns.size(); }
     QString title(size_t anColumn) const { return mColumns[anColumn].title; }
     int speed() const { return mSpeed; }

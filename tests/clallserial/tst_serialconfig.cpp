@@ -36,6 +36,8 @@ void tst_SerialConfig::defaults()
     QVERIFY(config.virtualCameras == teVirtual::Auto);
     QVERIFY(config.models.empty());
     QCOMPARE(config.seed, uint64_t(1));
+    QCOMPARE(config.replay, std::string());
+    QVERIFY(!config.loop);
     QCOMPARE(config.speed, 1.0);
     QVERIFY(config.faults.empty());
     QVERIFY(config.timeout == teTimeout::Partial);
@@ -66,6 +68,10 @@ void tst_SerialConfig::everyKey()
     QCOMPARE(config.speed, 2.5);
     QVERIFY(config.set("virtual", "faults", "drop/10,delay=5"));
     QCOMPARE(config.faults, std::string("drop/10,delay=5"));
+    QVERIFY(config.set("virtual", "replay", "/data/cooler of June.csv"));
+    QCOMPARE(config.replay, std::string("/data/cooler of June.csv"));
+    QVERIFY(config.set("virtual", "loop", "on"));
+    QVERIFY(config.loop);
     QVERIFY(config.set("line", "timeout", "strict"));
     QVERIFY(config.timeout == teTimeout::Strict);
     QVERIFY(config.set("line", "timeout", "partial"));
@@ -89,6 +95,7 @@ void tst_SerialConfig::badValue_data()
     row("virtual", "speed", "0");
     row("virtual", "speed", "10000.01");
     row("virtual", "faults", "explode");
+    row("virtual", "loop", "twice");
     row("line", "timeout", "lenient");
     row("line", "baud", "9600");
     row("", "use", "on");

@@ -39,6 +39,7 @@ private Q_SLOTS:
     void interruptWakesAReader();
     void writesWhileAnotherThreadReads();
     void faultsOfTheConfiguration();
+    void replayWithoutItsReader();
     void errorTexts();
 
 private:
@@ -365,6 +366,20 @@ void tst_VirtualBackend::faultsOfTheConfiguration()
     uint32_t size = 14;
     QCOMPARE(port->read(reply.data(), size, 5000), CL_ERR_NO_ERR);
     QCOMPARE(reply, QByteArray("<STOP><NACK>\r\n"));
+}
+
+/// No reader of chart files lies beside this test: the camera goes on by itself.
+void tst_VirtualBackend::replayWithoutItsReader()
+{
+    mConfig.replay = "/nowhere/cooler.csv";
+    tcVirtualBackend backend(mConfig);
+    const auto port = open(backend, "k20");
+    send(*port, "<SENS 1>\n");
+    awaitBytes(*port, 22);
+    QByteArray reply(22, '\0');
+    uint32_t size = 22;
+    QCOMPARE(port->read(reply.data(), size, 100), CL_ERR_NO_ERR);
+    QVERIFY2(reply.startsWith("<SENS 1><ACK><2") && reply.endsWith(">\r\n"), reply.constData());
 }
 
 void tst_VirtualBackend::errorTexts()

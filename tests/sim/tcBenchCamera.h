@@ -18,6 +18,11 @@ public:
     {
     }
 
+    tcBenchCamera(const char* acModel, const tcCameraSim::tcOptions& acOptions)
+        : sim(*tcCameraModels::find(acModel), acOptions, 0)
+    {
+    }
+
     void send(const QByteArray& acBytes)
     {
         const size_t size = static_cast<size_t>(acBytes.size());

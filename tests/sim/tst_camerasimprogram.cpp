@@ -20,6 +20,9 @@ private Q_SLOTS:
     void answersOnThePseudoTerminal();
     void linkComesAndGoes();
     void replacesNoFileByItsLink();
+    void replaysAFile();
+    void badReplay_data();
+    void badReplay();
     void servesOneClientAfterTheOther();
     void hangsUpWhenUnplugged();
 };
@@ -47,6 +50,13 @@ QByteArray startServing(QProcess& arProcess, const QStringList& acArguments)
     return arProcess.readLine().trimmed();
 }
 
+void writeFile(const QString& acName, const QByteArray& acContent)
+{
+    QFile file(acName);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(acContent), qint64(acContent.size()));
+}
+
 QByteArray readReply(int anFile, int anLength)
 {
     QByteArray received;
@@ -67,7 +77,8 @@ void tst_CameraSimProgram::help()
     int code = -1;
     const QByteArray text = output({QStringLiteral("--help")}, code);
     QCOMPARE(code, 0);
-    for (const char* option : {"--model", "--seed", "--speed", "--link", "--fault", "--list"})
+    for (const char* option :
+         {"--model", "--seed", "--speed", "--link", "--fault", "--list", "--replay", "--loop"})
         QVERIFY2(text.contains(option), option);
 }
 
@@ -89,6 +100,9 @@ void tst_CameraSimProgram::badOption_data()
     QTest::newRow("model") << QStringList{"--model", "k99"} << QByteArray("--model: can't");
     QTest::newRow("seed") << QStringList{"--seed", "-1"} << QByteArray("--seed: can't");
     QTest::newRow("speed") << QStringList{"--speed", "0"} << QByteArray("--speed: can't");
+    QTest::newRow("no file") << QStringList{"--replay"} << QByteArray("--replay needs a value");
+    QTest::newRow("loop of nothing")
+        << QStringList{"--loop"} << QByteArray("--loop needs --replay");
     QTest::newRow("fault") << QStringList{"--fault", "boom"} << QByteArray("--fault: can't");
 }
 
@@ -143,6 +157,74 @@ void tst_CameraSimProgram::replacesNoFileByItsLink()
     QCOMPARE(code, 1);
     QVERIFY2(text.contains("precious"), text.constData());
     QCOMPARE(file.size(), qint64(4));
+}
+
+void tst_CameraSimProgram::replaysAFile()
+{
+    QTemporaryDir directory;
+    const QString name = directory.filePath(QString::fromUtf8("K\xC3\xBChler.csv"));
+    writeFile(name,
+              "ms since epoch,Sensor Temperature ,Voltage,\n"
+              "1700000000000,91.500,1.000\n1700000060000,92.125,2.000\n");
+    QProcess process;
+    const QByteArray path
+        = startServing(process, {"--model", "k20", "--replay", name, "--speed", "1000"});
+    const int file = open(path.constData(), O_RDWR | O_NOCTTY);
+    QVERIFY2(file >= 0, process.readAllStandardError().constData());
+    const auto ask = [file](const QByteArray& acCommand) {
+        const QByteArray line = acCommand + '\n';
+        if (write(file, line.constData(), size_t(line.size())) != line.size())
+            return QByteArray();
+        return readReply(file, acCommand.size() + 14);
+    };
+    // The file begins when somebody asks, however long the camera has waited.
+    QByteArray reply = ask("<SENS 1>");
+    QCOMPARE(reply, QByteArray("<SENS 1><ACK><91.50>\r\n"));
+    while (reply == "<SENS 1><ACK><91.50>\r\n") // the minute takes 60 ms
+        reply = ask("<SENS 1>");
+    QCOMPARE(reply, QByteArray("<SENS 1><ACK><92.13>\r\n"));
+    QCOMPARE(ask("<SENS 1>"), QByteArray("<SENS 1><ACK><92.13>\r\n")); // held
+    const QByteArray board = ask("<SENS 2>");
+    QVERIFY2(board.startsWith("<SENS 2><ACK><2"), board.constData()); // the room's, the model's
+    close(file);
+    process.terminate();
+    QVERIFY(process.waitForFinished(20000));
+    QCOMPARE(process.readAllStandardError(), QByteArray());
+}
+
+void tst_CameraSimProgram::badReplay_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QByteArray>("words");
+    const QByteArray good = "ms since epoch,Sensor Temperature ,\n1700000000000,91.500\n";
+    QTest::newRow("speed below") << good << QStringList{"--speed", "0.5"}
+                                 << QByteArray("speed is a whole number from 1 to 1000");
+    QTest::newRow("speed above") << good << QStringList{"--speed", "1001"}
+                                 << QByteArray("speed is a whole number from 1 to 1000");
+    QTest::newRow("no file") << QByteArray() << QStringList()
+                             << QByteArray("No such file or directory");
+    QTest::newRow("no columns") << QByteArray("hello\n") << QStringList()
+                                << QByteArray("not enough columns");
+    QTest::newRow("other curves")
+        << QByteArray("ms since epoch,Oven,\n1700000000000,91.500\n") << QStringList()
+        << QByteArray("no readings of a sensor that this camera has");
+}
+
+void tst_CameraSimProgram::badReplay()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QStringList, options);
+    QFETCH(QByteArray, words);
+    QTemporaryDir directory;
+    const QString name = directory.filePath(QStringLiteral("chart.csv"));
+    if (!content.isEmpty())
+        writeFile(name, content);
+    int code = -1;
+    const QByteArray text = output(QStringList{"--replay", name} + options, code);
+    QCOMPARE(code, 1);
+    QVERIFY2(text.startsWith("vexa-camera-sim: " + name.toLocal8Bit()), text.constData());
+    QVERIFY2(text.contains(words), text.constData());
 }
 
 void tst_CameraSimProgram::servesOneClientAfterTheOther()

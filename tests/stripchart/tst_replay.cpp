@@ -115,6 +115,34 @@ private Q_SLOTS:
         QVERIFY(!more);
     }
 
+    void beginsAnew()
+    {
+        tcReplay replay = twoColumns(10);
+        QCOMPARE(replay.duration(), qint64(300));
+        stepTo(replay, 100);
+        replay.restart(cNow + 1000);
+        QCOMPARE(replay.duration(), qint64(300));
+        QCOMPARE(stepTo(replay, 999), QStringList());
+        QCOMPARE(stepTo(replay, 1100), QStringList({"0@1000=1", "0@1100=2", "1@1100=10"}));
+    }
+
+    void nothingLastsNoTime()
+    {
+        QCOMPARE(tcReplay({}, 1, cNow).duration(), qint64(0));
+        QCOMPARE(tcReplay({{"A", {}, {}}}, 1, cNow).duration(), qint64(0));
+        QCOMPARE(tcReplay({{"A", {7000}, {1}}}, 1, cNow).duration(), qint64(0));
+    }
+
+    void timesOfAllTheWorldHaveAMoment()
+    {
+        tcReplay replay({{"A", {-9.2e18, 9.2e18}, {1, 2}}}, 1, cNow);
+        QCOMPARE(stepTo(replay, 0), QStringList("0@0=1"));
+        bool more = false;
+        QCOMPARE(stepTo(replay, 1000000000, &more), QStringList());
+        QVERIFY(more);
+        QVERIFY(replay.duration() > 1000000000);
+    }
+
     void dayAtFullSpeedComesInSmallSteps()
     {
         constexpr int cSeconds = 86400;
