@@ -7,6 +7,10 @@ tcHistoryKeys::tcHistoryKeys(QLineEdit* apLine, tcHistory aHistory)
     : QObject(apLine), mLine(apLine), mHistory(std::move(aHistory))
 {
     mLine->installEventFilter(this);
+    // The keys of an editable list go to the list, which hands them to its line past all
+    // filters.
+    if (QWidget* list = mLine->focusProxy())
+        list->installEventFilter(this);
     connect(mLine, &QLineEdit::textEdited, this, [this] { mShown = -1; });
     connect(mLine, &QLineEdit::returnPressed, this, [this] { mShown = -1; });
 }

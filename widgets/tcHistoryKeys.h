@@ -9,7 +9,8 @@
 class QLineEdit;
 
 /// Arrow keys of a command line: Up goes back through what was sent, Down comes forward to what
-/// was being typed, Escape clears the line. A child of its line.
+/// was being typed, Escape clears the line, be it on its own or that of an editable list. A
+/// child of its line.
 class tcHistoryKeys : public QObject
 {
     Q_OBJECT
