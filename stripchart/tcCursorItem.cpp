@@ -20,7 +20,7 @@ constexpr double cMsPerMinute = 60000.0;
 constexpr int cInset = 8;   ///< pixels between the read-out and the canvas's edge
 constexpr int cPadding = 6; ///< and between its frame and its text
 constexpr int cGap = 12;    ///< between its columns
-constexpr int cNameChars = 24;
+constexpr int cNameChars = 32;
 constexpr double cFontPart = 0.85; ///< of the canvas's font, so that little is covered
 const QColor cLineColor(255, 214, 102);
 const QColor cShade(16, 18, 22, 205);

@@ -59,6 +59,23 @@ void tcLimitAlarm::setLimits(const QString& acCurve, const tcLimits& acLimits)
     poll();
 }
 
+tcLimits tcLimitAlarm::proposal(const QString& acCurve) const
+{
+    tcLimits proposed{0.0, 0.0};
+    double lowest = 0.0;
+    double highest = 0.0;
+    const QwtPlotItemList items = mPlot.itemList(tcStripCurve::cRtti);
+    for (const QwtPlotItem* item : items) {
+        const auto* curve = static_cast<const tcStripCurve*>(item);
+        if (curve->title().text() != acCurve || !curve->finiteYRange(&lowest, &highest))
+            continue;
+        proposed.lower = std::floor(lowest);
+        proposed.upper = std::ceil(highest);
+        break;
+    }
+    return proposed;
+}
+
 void tcLimitAlarm::dropGone()
 {
     const auto isGone = [](const tcWatched& acEach) { return acEach.lifetime.expired(); };

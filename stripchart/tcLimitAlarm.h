@@ -31,6 +31,9 @@ public:
 
     tcLimits limits(const QString& acCurve) const { return mLimits.value(acCurve); }
     void setLimits(const QString& acCurve, const tcLimits& acLimits);
+    /// Limits about all that the curve holds, to begin with: switched on, they alarm nobody
+    /// yet.
+    tcLimits proposal(const QString& acCurve) const;
     bool beeps() const { return mBeeps; }
     void setBeeps(bool abOn) { mBeeps = abOn; }
 

@@ -21,6 +21,8 @@ QDoubleSpinBox* box(double anValue, double anLeast, const QString& acName)
     made->setRange(anLeast, cMost);
     made->setValue(anValue);
     made->setMaximumWidth(140);
+    // The 1 of a 12 to be typed is no limit.
+    made->setKeyboardTracking(false);
     made->setAccessibleName(acName);
     return made;
 }
@@ -68,16 +70,19 @@ tcLimitsDialog::tcLimitsDialog(tcLimitAlarm& arAlarm, const QStringList& acCurve
 void tcLimitsDialog::addRow(QGridLayout& arRows, int anRow, const QString& acCurve)
 {
     const tcLimits limits = mAlarm.limits(acCurve);
+    const tcLimits proposed = mAlarm.proposal(acCurve);
     auto* name = new QLabel(acCurve);
     name->setTextFormat(Qt::PlainText);
     auto* lowerOn = new QCheckBox;
     lowerOn->setAccessibleName(tr("Watch the lower limit of %1").arg(acCurve));
     lowerOn->setChecked(limits.lower.has_value());
-    auto* lower = box(limits.lower.value_or(0.0), -cMost, tr("Lower limit of %1").arg(acCurve));
+    auto* lower = box(limits.lower.value_or(*proposed.lower), -cMost,
+                      tr("Lower limit of %1").arg(acCurve));
     auto* upperOn = new QCheckBox;
     upperOn->setAccessibleName(tr("Watch the upper limit of %1").arg(acCurve));
     upperOn->setChecked(limits.upper.has_value());
-    auto* upper = box(limits.upper.value_or(0.0), -cMost, tr("Upper limit of %1").arg(acCurve));
+    auto* upper = box(limits.upper.value_or(*proposed.upper), -cMost,
+                      tr("Upper limit of %1").arg(acCurve));
     auto* hysteresis = box(limits.hysteresis, 0.0, tr("Hysteresis of %1").arg(acCurve));
     hysteresis->setToolTip(tr("How far a reading must come back to count as within limits"));
     QWidget* const cells[] = {name, lowerOn, lower, upperOn, upper, hysteresis};

@@ -59,6 +59,8 @@ class tst_LimitAlarm : public QObject
 
 private Q_SLOTS:
     void offByDefault();
+    void proposalAlarmsNobody();
+    void limitCountsWhenItIsTyped();
     void readingThroughTheChart();
     void readingStraightIntoTheCurve();
     void backWithinItsLimits();
@@ -77,6 +79,37 @@ void tst_LimitAlarm::offByDefault()
     probe.open();
     for (const QCheckBox* box : probe.open()->findChildren<QCheckBox*>())
         QVERIFY(!box->isChecked());
+}
+
+void tst_LimitAlarm::proposalAlarmsNobody()
+{
+    tcWatchedChart probe;
+    probe.a->addSample(probe.cNow, 10.25);
+    probe.a->addSample(probe.cNow + 1000, 14.5);
+    probe.a->addSample(probe.cNow + 2000, qQNaN());
+    probe.open();
+    QCOMPARE(probe.named<QDoubleSpinBox>("Lower limit of A")->value(), 10.0);
+    QCOMPARE(probe.named<QDoubleSpinBox>("Upper limit of A")->value(), 15.0);
+    probe.named<QCheckBox>("Watch the lower limit of A")->setChecked(true);
+    probe.named<QCheckBox>("Watch the upper limit of A")->setChecked(true);
+    QVERIFY(probe.told.isEmpty());
+    probe.a->addSample(probe.cNow + 3000, 15.5);
+    QTRY_COMPARE(probe.told.size(), 1);
+}
+
+void tst_LimitAlarm::limitCountsWhenItIsTyped()
+{
+    tcWatchedChart probe;
+    probe.a->addSample(probe.cNow, 10.25);
+    probe.setUpper(20.0);
+    auto* upper = probe.named<QDoubleSpinBox>("Upper limit of A");
+    upper->selectAll();
+    QTest::keyClicks(upper, "12"); // the 1 alone would be crossed
+    QVERIFY(probe.told.isEmpty());
+    QTest::keyClick(upper, Qt::Key_Return);
+    probe.a->addSample(probe.cNow + 1000, 12.5);
+    QTRY_COMPARE(probe.told.size(), 1);
+    QVERIFY(probe.lastTold().contains("above the upper limit of 12.000"));
 }
 
 void tst_LimitAlarm::readingThroughTheChart()
