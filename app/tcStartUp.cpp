@@ -11,9 +11,19 @@ static void makeIconsKnown()
     Q_INIT_RESOURCE(icons);
 }
 
+/// The panel draws without OpenGL. Qt loads a display's driver for it with the first window
+/// nevertheless, and with that a compiler: tens of megabytes and a good part of the start.
+static void leaveOutOpenGl()
+{
+    constexpr char cChoice[] = "QT_XCB_GL_INTEGRATION";
+    if (!qEnvironmentVariableIsSet(cChoice))
+        qputenv(cChoice, "none");
+}
+
 void tcStartUp::beforeApplication()
 {
     tcPlatform::hardenLibrarySearch();
+    leaveOutOpenGl();
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 }

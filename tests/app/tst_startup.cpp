@@ -22,7 +22,32 @@ private Q_SLOTS:
     void englishIsLeftAlone();
     void windowsHaveTheIconInEverySize();
     void noLibraryComesFromTheWorkingDirectory();
+    void openGlIsLeftOut();
+    void openGlStaysTheChoiceOfWhoeverStarts();
 };
+
+/// What the program would find after its first steps where its starter had chosen this.
+static QByteArray glAfterStart(const char* apChosen)
+{
+    constexpr char cChoice[] = "QT_XCB_GL_INTEGRATION";
+    if (apChosen)
+        qputenv(cChoice, apChosen);
+    else
+        qunsetenv(cChoice);
+    tcStartUp::beforeApplication();
+    return qgetenv(cChoice);
+}
+
+void tst_StartUp::openGlIsLeftOut()
+{
+    QCOMPARE(glAfterStart(nullptr), QByteArray("none"));
+}
+
+void tst_StartUp::openGlStaysTheChoiceOfWhoeverStarts()
+{
+    QCOMPARE(glAfterStart("xcb_egl"), QByteArray("xcb_egl"));
+    QCOMPARE(glAfterStart(""), QByteArray(""));
+}
 
 void tst_StartUp::languageIsTheFirstThatTheOperatorWants_data()
 {
