@@ -214,23 +214,23 @@ bool tcOperator::press(const QString& acButton)
 
 bool tcOperator::choose(int anComboBox, const QString& acEntry)
 {
-    const tcWidget box = comboBox(anComboBox);
-    const int index = mReader->entries(box).indexOf(acEntry);
-    if (index < 0 || !box.enabled || box.place.isEmpty())
-        return false;
-    clickOnce(box);
-    for (int attempt = 1; !waitFor([&] { return mReader->isOpen(box); }, cArrivalLimitMs);
-         ++attempt) {
-        if (attempt == cAttempts)
+    for (int attempt = 0; attempt < cAttempts; ++attempt) {
+        const tcWidget box = comboBox(anComboBox);
+        const int index = mReader->entries(box).indexOf(acEntry);
+        if (index < 0 || !box.enabled || box.place.isEmpty())
             return false;
         clickOnce(box);
+        if (!waitFor([&] { return mReader->isOpen(box); }, cArrivalLimitMs))
+            continue;
+        // Its first entry, then as many down as it takes.
+        QStringList steps{"Home"};
+        for (int step = 0; step < index; ++step)
+            steps.append("Down");
+        keys(steps + QStringList{"Return"});
+        if (waitFor([&] { return comboBox(anComboBox).name == acEntry; }, cArrivalLimitMs))
+            return true;
     }
-    // Its first entry, then as many down as it takes.
-    QStringList steps{"Home"};
-    for (int step = 0; step < index; ++step)
-        steps.append("Down");
-    keys(steps + QStringList{"Return"});
-    return waitFor([&] { return comboBox(anComboBox).name == acEntry; }, cLookLimitMs);
+    return false;
 }
 
 bool tcOperator::type(const tcWidget& acField, const QString& acText)
