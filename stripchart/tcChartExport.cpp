@@ -1,5 +1,6 @@
 #include "stripchart/tcChartExport.h"
 
+#include "stripchart/logic/tcChartNames.h"
 #include "stripchart/logic/tcExportWriter.h"
 #include "stripchart/tcBusy.h"
 #include "stripchart/tcCurveTable.h"
@@ -7,11 +8,14 @@
 #include "stripchart/tcWholeFile.h"
 #include "widgets/tcDialogs.h"
 
+#include <QDateTime>
+#include <QDir>
 #include <QFileInfo>
 #include <QPointer>
 #include <qwt_plot.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace
 {
@@ -94,8 +98,12 @@ void tcChartExport::run(const QString& acChartName, const QString& acFolder)
                                                 tr("There is no visible curve to export."));
     const QPointer<tcChartExport> self(this);
     const QwtScaleDiv range = mPlot.axisScaleDiv(QwtPlot::xBottom);
+    const QDateTime from = QDateTime::fromMSecsSinceEpoch(
+        std::llround(std::min(range.lowerBound(), range.upperBound())));
     const QString path = tcDialogs::current().saveFile(
-        &mChart, tr("Select File to export data to..."), acFolder, tr("csv files (*.csv)"));
+        &mChart, tr("Select File to export data to..."),
+        QDir(acFolder).filePath(tcChartNames::exportFile(acChartName, from)),
+        tr("csv files (*.csv)"));
     if (!self || path.isEmpty())
         return;
     mBusy = true;

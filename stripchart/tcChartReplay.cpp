@@ -116,11 +116,13 @@ void tcChartReplay::makeCurves()
 {
     mCurves.clear();
     mKey = QUuid::createUuid();
+    // Live curves of the same sensors may stand beside them, with the first colours.
+    const int others = mActions.curveCount();
     for (size_t i = 0; i < mReplay->columnCount(); ++i) {
         const int index = static_cast<int>(i);
         auto curve = std::make_unique<tcStripCurve>(index);
         curve->setTitle(QwtText(mReplay->title(i), QwtText::PlainText));
-        curve->setPen(tcStripCurve::stripCurveColor(index));
+        curve->setPen(tcStripCurve::stripCurveColor(others + index));
         mCurves.push_back(std::move(curve));
         mActions.fileCurve(mCurves.back().get(), mKey);
     }

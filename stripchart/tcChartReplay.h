@@ -32,7 +32,8 @@ public:
     {
         tcFiling fileCurve;
         tcFeed updateData;
-        std::function<void()> showLive; ///< back from a loaded file, where one is shown
+        std::function<void()> showLive;  ///< back from a loaded file, where one is shown
+        std::function<int()> curveCount; ///< that the chart holds
         std::function<qint64()> now;
         std::function<QString()> name;
         std::function<QString()> folder; ///< in which the question for the file starts

@@ -2,6 +2,7 @@
 
 #include "stripchart/tcChartFiles.h"
 #include "stripchart/tcChartLog.h"
+#include "stripchart/tcCurveTable.h"
 
 #include <QFileInfo>
 #include <QMenu>
@@ -63,6 +64,7 @@ tcChartReplay::tcActions tcFileTools::replayActions(const tcActions& acActions) 
         if (mParts.files.loadedFile().isShown())
             resumeFeed();
     };
+    actions.curveCount = [this] { return mParts.curves.curves().size(); };
     actions.now = acActions.now;
     actions.name = acActions.name;
     actions.folder = [this] { return folder(); };

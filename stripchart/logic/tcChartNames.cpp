@@ -10,6 +10,15 @@ QString tr(const char* apText)
 {
     return QCoreApplication::translate("tcStripChart", apText);
 }
+
+QString fileOf(const QString& acChartName, const char* apKind, const QDateTime& acTime)
+{
+    static const QRegularExpression refused(QStringLiteral("[\\\\/:*?\"<>|]"));
+    QString name = acChartName;
+    name.replace(refused, QStringLiteral("_"));
+    return name + QLatin1String(apKind) + acTime.toString(QStringLiteral("yyyyMMdd_HHmmss"))
+        + QStringLiteral(".csv");
+}
 } // namespace
 
 namespace tcChartNames
@@ -40,11 +49,12 @@ QString windowTitle(const tcTitleParts& acParts)
 
 QString logFile(const QString& acChartName, const QDateTime& acStart)
 {
-    static const QRegularExpression refused(QStringLiteral("[\\\\/:*?\"<>|]"));
-    QString name = acChartName;
-    name.replace(refused, QStringLiteral("_"));
-    return name + QStringLiteral("_chart_log_")
-        + acStart.toString(QStringLiteral("yyyyMMdd_HHmmss")) + QStringLiteral(".csv");
+    return fileOf(acChartName, "_chart_log_", acStart);
+}
+
+QString exportFile(const QString& acChartName, const QDateTime& acFrom)
+{
+    return fileOf(acChartName, "_export_", acFrom);
 }
 
 QString markerFile(const QString& acLogFile)

@@ -28,6 +28,9 @@ QString windowTitle(const tcTitleParts& acParts);
 /// system allows in it replaced by "_", and the time.
 QString logFile(const QString& acChartName, const QDateTime& acStart);
 
+/// The same for an export of what was read from that time on.
+QString exportFile(const QString& acChartName, const QDateTime& acFrom);
+
 /// The file beside a log that takes its markers. Empty where the log itself is not to be found.
 QString markerFile(const QString& acLogFile);
 } // namespace tcChartNames

@@ -42,6 +42,8 @@ void tst_ChartNames::logFile()
     QFETCH(QString, chart);
     const QDateTime start(QDate(2026, 11, 15), QTime(15, 30));
     QTEST(tcChartNames::logFile(chart, start), "file");
+    QFETCH(QString, file);
+    QCOMPARE(tcChartNames::exportFile(chart, start), file.replace("_chart_log_", "_export_"));
 }
 
 void tst_ChartNames::markerFileLiesUnderTheLogsOwnPath()

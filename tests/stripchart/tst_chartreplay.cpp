@@ -52,6 +52,18 @@ private Q_SLOTS:
     void init() { mProbe = std::make_unique<tcFilesProbe>(); }
     void cleanup() { mProbe.reset(); }
 
+    void coloursFollowThoseOfTheLiveCurves()
+    {
+        const int live = chart().curves().size();
+        QVERIFY(live > 0);
+        replay("t,New,Newer\n1000,1,2\n");
+        replay("t,New,Newer\n1000,1,2\n"); // those of the first one have gone
+        QCOMPARE(chart().curves().size(), live + 2);
+        for (int i = 0; i < 2; ++i)
+            QCOMPARE(chart().curves().at(live + i)->pen().color(),
+                     QColor(tcStripCurve::stripCurveColor(live + i)));
+    }
+
     void asksForFileAndSpeed()
     {
         replay("t,New\n1000,1\n2000,2\n", 7);
