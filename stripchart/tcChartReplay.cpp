@@ -11,6 +11,9 @@
 #include <QFileInfo>
 #include <QPointer>
 
+#include <algorithm>
+#include <limits>
+
 tcChartReplay::tcChartReplay(QWidget& arChart, tcActions aActions)
     : mChart(arChart)
     , mActions(std::move(aActions))
@@ -125,6 +128,11 @@ void tcChartReplay::makeCurves()
         curve->setPen(tcStripCurve::stripCurveColor(others + index));
         mCurves.push_back(std::move(curve));
         mActions.fileCurve(mCurves.back().get(), mKey);
+        // Filing gave it the capacity of live curves, seconds of a replay at full speed.
+        const size_t most = std::numeric_limits<int>::max() - 1;
+        const auto count = static_cast<int>(std::min(mReplay->readings(i), most));
+        if (count > mCurves.back()->sampleCount())
+            mCurves.back()->setSampleCount(count);
     }
 }
 

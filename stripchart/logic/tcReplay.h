@@ -40,6 +40,7 @@ public:
 
     size_t columnCount() const { return mColumns.size(); }
     QString title(size_t anColumn) const { return mColumns[anColumn].title; }
+    size_t readings(size_t anColumn) const { return mColumns[anColumn].times.size(); }
     int speed() const { return mSpeed; }
 
 private:

@@ -64,6 +64,19 @@ private Q_SLOTS:
                      QColor(tcStripCurve::stripCurveColor(live + i)));
     }
 
+    void holdsTheWholeFile()
+    {
+        QByteArray content = "t,New\n";
+        const int rows = 3000; // three times what a live curve keeps
+        for (int row = 0; row < rows; ++row)
+            content += QByteArray::number(row) + ",1\n";
+        replay(content, 1000);
+        mProbe->now += rows;
+        QTRY_VERIFY(!action()->isChecked());
+        QCOMPARE(samples("New").size(), rows);
+        QCOMPARE(mProbe->a->sampleCount(), 1000);
+    }
+
     void asksForFileAndSpeed()
     {
         replay("t,New\n1000,1\n2000,2\n", 7);
