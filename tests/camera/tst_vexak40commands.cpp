@@ -28,7 +28,7 @@ private Q_SLOTS:
     void historyRules();
     void historyIsCaseSensitive();
     void historyKeepsWhatWasTyped();
-    void downBringsTheNewestBack();
+    void upBringsTheNewestBack();
     void examples();
     void sameExampleTwice();
     void sendingClearsTheHint();
@@ -231,16 +231,16 @@ void tst_VexaK40Commands::historyKeepsWhatWasTyped()
     QCOMPARE(rig.history(), QStringList({"SEXP 50", "SEXP 500"}));
 }
 
-void tst_VexaK40Commands::downBringsTheNewestBack()
+void tst_VexaK40Commands::upBringsTheNewestBack()
 {
     tcPanelRig rig;
     for (const char* typed : {"A", "B"}) {
         rig.type(typed);
         QTest::keyClick(rig.commandLine(), Qt::Key_Return);
     }
-    QTest::keyClick(rig.commandBox(), Qt::Key_Down);
+    QTest::keyClick(rig.commandBox(), Qt::Key_Up);
     QCOMPARE(rig.commandLine()->text(), QStringLiteral("B"));
-    QTest::keyClick(rig.commandBox(), Qt::Key_Down);
+    QTest::keyClick(rig.commandBox(), Qt::Key_Up);
     QCOMPARE(rig.commandLine()->text(), QStringLiteral("A"));
 }
 
