@@ -3,6 +3,7 @@
 #include "widgets/tcDialogs.h"
 
 #include <QDir>
+#include <QPointer>
 #include <QSettings>
 #include <QSignalBlocker>
 #include <QStandardPaths>
@@ -37,8 +38,11 @@ void tcSessionControl::toggle(bool abOn)
         start = QDir(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation))
                     .filePath(QStringLiteral("session.log"));
     }
+    const QPointer<tcSessionControl> self(this);
     const QString file = tcDialogs::current().saveFile(
         mParent, tr("Log Session To"), start, tr("log files (*.log *.txt);; All files (*)"));
+    if (!self)
+        return;
     if (!file.isEmpty() && mLog.start(file)) {
         mLastFile = file;
         if (!mConnection.isEmpty())

@@ -21,16 +21,22 @@ tcSessionLog::~tcSessionLog()
     stop();
 }
 
+bool tcSessionLog::open()
+{
+    return mFile.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
+}
+
 bool tcSessionLog::start(const QString& acFile)
 {
     stop();
     mFile.setFileName(acFile);
-    if (!mFile.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered)) {
+    if (!open()) {
         Q_EMIT message(tr("Unable to log to %1: %2")
                            .arg(QDir::toNativeSeparators(acFile), mFile.errorString()));
         return false;
     }
     mMissing = 0;
+    mRunning = true;
     tcSerialLink::setTap(this);
     note(tr("log started"));
     Q_EMIT runningChanged(true);
@@ -43,6 +49,7 @@ void tcSessionLog::stop()
         return;
     note(tr("log ended"));
     tcSerialLink::setTap(nullptr);
+    mRunning = false;
     mFile.close();
     Q_EMIT runningChanged(false);
 }
@@ -77,10 +84,22 @@ void tcSessionLog::writeRest()
         write(tcSessionText::received(QDateTime::currentDateTime(), rest));
 }
 
+/// What goes into a deleted file is lost, and the system reports no error.
+void tcSessionLog::goOnIfGone()
+{
+    if (mFile.isOpen() && mFile.exists())
+        return;
+    mFile.close();
+    if (open())
+        Q_EMIT message(tr("%1 was gone and is begun anew")
+                           .arg(QDir::toNativeSeparators(mFile.fileName())));
+}
+
 void tcSessionLog::write(const QByteArray& acLine)
 {
     if (!isRunning())
         return;
+    goOnIfGone();
     QByteArray text = acLine;
     if (mMissing > 0) {
         // A refused line may have left half of itself behind.
@@ -89,7 +108,7 @@ void tcSessionLog::write(const QByteArray& acLine)
                                   tr("%1 bytes of log are missing here").arg(mMissing))
             + acLine;
     }
-    if (mFile.write(text) == text.size()) {
+    if (mFile.isOpen() && mFile.write(text) == text.size()) {
         mMissing = 0;
         return;
     }

@@ -11,6 +11,7 @@
 ///
 /// Off until somebody starts it; while off it costs nothing. A write that fails is said once
 /// and never stops the panel; writing goes on with the next line, and says how much is missing.
+/// A file that is deleted meanwhile is begun anew.
 class tcSessionLog : public QObject, private tcSerialLink::tcTap
 {
     Q_OBJECT
@@ -22,7 +23,7 @@ public:
     /// Appends to the file; false, with a message, when it can't be opened.
     bool start(const QString& acFile);
     void stop();
-    bool isRunning() const { return mFile.isOpen(); }
+    bool isRunning() const { return mRunning; }
     QString fileName() const { return mFile.fileName(); }
 
     /// A line of the panel's own, such as what was opened.
@@ -36,10 +37,13 @@ Q_SIGNALS:
 private:
     void sent(const QByteArray& acBytes, qint32 anStatus) override;
     void received(const QByteArray& acBytes) override;
+    bool open();
+    void goOnIfGone();
     void writeRest();
     void write(const QByteArray& acLine);
 
-    QFile mFile;
+    QFile mFile; ///< closed while running where it was deleted and can't be made anew
+    bool mRunning = false;
     tcSessionLines mLines;
     QTimer mSilence;     ///< an unfinished line is written when the camera falls silent
     qint64 mMissing = 0; ///< bytes that a full disk refused since the last line that went

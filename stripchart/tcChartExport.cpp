@@ -5,8 +5,8 @@
 #include "stripchart/tcBusy.h"
 #include "stripchart/tcCurveTable.h"
 #include "stripchart/tcStripCurve.h"
-#include "stripchart/tcWholeFile.h"
 #include "widgets/tcDialogs.h"
+#include "widgets/tcWholeFile.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -8,9 +8,9 @@
 #include "stripchart/tcMarkerTable.h"
 #include "stripchart/tcStripCurve.h"
 #include "stripchart/tcStripMarker.h"
-#include "stripchart/tcWholeFile.h"
 #include "ui_StripChart.h"
 #include "widgets/tcDialogs.h"
+#include "widgets/tcWholeFile.h"
 
 #include <QBuffer>
 #include <QDebug>

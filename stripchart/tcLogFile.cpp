@@ -1,6 +1,6 @@
 #include "stripchart/tcLogFile.h"
 
-#include "stripchart/tcFileSync.h"
+#include "widgets/tcFileSync.h"
 
 #include <QFileInfo>
 

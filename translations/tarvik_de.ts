@@ -1044,6 +1044,10 @@
         <source>%1 bytes of log are missing here</source>
         <translation>hier fehlen %1 Bytes des Protokolls</translation>
     </message>
+    <message>
+        <source>%1 was gone and is begun anew</source>
+        <translation>%1 war nicht mehr da und ist neu begonnen</translation>
+    </message>
 </context>
 <context>
     <name>tcOmegaMonWorker</name>

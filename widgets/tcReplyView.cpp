@@ -2,12 +2,13 @@
 
 #include "widgets/tcDialogs.h"
 #include "widgets/tcFindBar.h"
+#include "widgets/tcWholeFile.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QMenu>
-#include <QSaveFile>
+#include <QPointer>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QStandardPaths>
@@ -196,15 +197,18 @@ void tcReplyView::saveTextAs()
     const QString start = mLastFile.isEmpty()
         ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
         : mLastFile;
+    const QPointer<tcReplyView> self(this);
     const QString name = tcDialogs::current().saveFile(
         this, tr("Save Text As"), start, tr("text files (*.txt);; All files (*)"));
-    if (name.isEmpty())
+    if (!self || name.isEmpty())
         return;
-    QSaveFile file(name);
-    file.setDirectWriteFallback(true);
-    const QByteArray text = toPlainText().toUtf8();
-    const bool written = file.open(QIODevice::WriteOnly | QIODevice::Text)
-        && file.write(text) == text.size() && file.commit();
+    QByteArray text = toPlainText().toUtf8();
+#ifdef Q_OS_WIN
+    text.replace('\n', "\r\n");
+#endif
+    tcWholeFile file(name);
+    const bool written
+        = file.open() && file.device().write(text) == text.size() && file.commit();
     if (written)
         mLastFile = name;
     else

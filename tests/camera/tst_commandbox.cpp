@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPointer>
 #include <QTest>
 
 #include <memory>
@@ -26,6 +27,7 @@ private Q_SLOTS:
     void chosenOfferFillsTheLineOnly();
     void nothingIsOfferedForNothing();
     void hugeHistory();
+    void panelGoesWhileOffering();
 
 private:
     /// Where the desktop sends keys: to the list, not to the line in it.
@@ -144,6 +146,18 @@ void tst_CommandBox::hugeHistory()
     // The newest ones and the help entry, however long the history is.
     QCOMPARE(offered().size(), tcCommandCompleter::cMostOfHistory + 1);
     offers()->hide();
+}
+
+void tst_CommandBox::panelGoesWhileOffering()
+{
+    QTest::keyClicks(focus(), "GBPP");
+    const QPointer<QAbstractItemView> list = offers();
+    QVERIFY(list->isVisible());
+    mPanel->closePort();
+    mPanel.reset();
+    QVERIFY(!list);
+    QCoreApplication::processEvents();
+    init(); // for the next one, and for cleanup
 }
 
 QTEST_MAIN(tst_CommandBox)

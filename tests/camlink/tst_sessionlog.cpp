@@ -2,7 +2,11 @@
 #include "tests/support/tcFakeSerial.h"
 #include "tests/support/tcScriptedDialogs.h"
 
+#include <QAction>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QPointer>
 #include <QRegularExpression>
 #include <QSettings>
 #include <QSignalSpy>
@@ -33,6 +37,9 @@ private Q_SLOTS:
     void cancelledDialogLeavesItOff();
     void fileThatCannotBeOpened();
     void fullDiskIsSaidOnce();
+    void deletedFileIsBegunAnew();
+    void deletedFileWithItsFolder();
+    void goneWhileTheQuestionIsOpen();
     void goneWhileRunning();
 
 private:
@@ -214,6 +221,59 @@ void tst_SessionLog::fullDiskIsSaidOnce()
 #else
     QSKIP("needs a device that is always full");
 #endif
+}
+
+void tst_SessionLog::deletedFileIsBegunAnew()
+{
+#ifdef Q_OS_WIN
+    QSKIP("an open file can't be deleted here");
+#else
+    QSignalSpy message(mControl.get(), &tcSessionControl::message);
+    startLog();
+    tcSerialLink::write(mRef, "1\n", 100);
+    QVERIFY(QFile::remove(mFile));
+    tcSerialLink::write(mRef, "2\n", 100);
+    tcSerialLink::write(mRef, "3\n", 100);
+    QCOMPARE(lines(), QStringList({"TX 2\\n", "TX 3\\n"}));
+    QCOMPARE(message.count(), 1);
+    QVERIFY(message.at(0).at(0).toString().endsWith(" was gone and is begun anew"));
+    QVERIFY(mControl->action()->isChecked());
+#endif
+}
+
+void tst_SessionLog::deletedFileWithItsFolder()
+{
+#ifdef Q_OS_WIN
+    QSKIP("an open file can't be deleted here");
+#else
+    const QString folder = QFileInfo(mFile).path() + "/gone";
+    QVERIFY(QDir().mkdir(folder));
+    mFile = folder + "/session.log";
+    mDialogs->fileAnswer = mFile;
+    QSignalSpy message(mControl.get(), &tcSessionControl::message);
+    startLog();
+    QVERIFY(QDir(folder).removeRecursively());
+    tcSerialLink::write(mRef, "1\n", 100);
+    tcSerialLink::write(mRef, "2\n", 100);
+    QCOMPARE(message.count(), 1); // told once
+    QVERIFY(message.at(0).at(0).toString().startsWith("Unable to log to "));
+    QVERIFY(mControl->action()->isChecked());
+    QVERIFY(QDir().mkdir(folder));
+    tcSerialLink::write(mRef, "3\n", 100);
+    QVERIFY(lines().join('|').contains("bytes of log are missing here|TX 3\\n"));
+    mControl->action()->setChecked(false);
+    QCOMPARE(lines().last(), QString("-- log ended"));
+#endif
+}
+
+void tst_SessionLog::goneWhileTheQuestionIsOpen()
+{
+    QPointer<QAction> action = mControl->action();
+    mDialogs->whileOpen = [this] { mControl.reset(); };
+    action->setChecked(true);
+    QVERIFY(!mControl);
+    tcSerialLink::write(mRef, "x", 100);
+    QVERIFY(!QFile::exists(mFile));
 }
 
 void tst_SessionLog::goneWhileRunning()

@@ -1,7 +1,7 @@
 #include "stripchart/logic/tcCsvReader.h"
 #include "stripchart/logic/tcCsvWriter.h"
 #include "stripchart/tcLogFile.h"
-#include "stripchart/tcWholeFile.h"
+#include "widgets/tcWholeFile.h"
 
 #include <QDir>
 #include <QProcess>

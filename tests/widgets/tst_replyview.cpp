@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -36,6 +37,9 @@ private Q_SLOTS:
     void copyAll();
     void saveTextAs();
     void saveThatFails();
+    void saveOntoAFullDevice();
+    void goneWhileTheSaveAsks();
+    void textGoesWhileFinding();
     void cancelledSave();
 
 private:
@@ -211,6 +215,48 @@ void tst_ReplyView::saveThatFails()
     QCOMPARE(dialogs.asked.size(), 2);
     QCOMPARE(dialogs.asked.at(1).kind, QString("warning"));
     QCOMPARE(dialogs.asked.at(1).text, "Error trying to save\n" + folder.path());
+}
+
+void tst_ReplyView::saveOntoAFullDevice()
+{
+#ifdef Q_OS_LINUX
+    tcScriptedDialogs dialogs;
+    dialogs.fileAnswer = "/dev/full";
+    mFirst->setPlainText("a few bytes, fewer than any buffer holds");
+    mFirst->saveTextAs();
+    QCOMPARE(dialogs.asked.size(), 2);
+    QCOMPARE(dialogs.asked.at(1).kind, QString("warning"));
+    QVERIFY(!QFileInfo("/dev/full").isFile()); // written to, not replaced
+#else
+    QSKIP("needs a device that is always full");
+#endif
+}
+
+void tst_ReplyView::goneWhileTheSaveAsks()
+{
+    QTemporaryDir folder;
+    tcScriptedDialogs dialogs;
+    dialogs.fileAnswer = folder.filePath("view.txt");
+    dialogs.whileOpen = [this] { mPanel.reset(); };
+    mFirst->saveTextAs();
+    QVERIFY(!QFile::exists(dialogs.fileAnswer));
+    QCOMPARE(dialogs.asked.size(), 1);
+}
+
+void tst_ReplyView::textGoesWhileFinding()
+{
+    mFirst->setPlainText("one\ntwo\none\n");
+    mFirst->beginFind();
+    QTest::keyClicks(mFirst->findChild<QLineEdit*>(), "one");
+    QCOMPARE(mFirst->extraSelections().size(), 2);
+    mFirst->clear();
+    mFirst->findNext();
+    mFirst->findPrevious();
+    QVERIFY(mFirst->extraSelections().isEmpty());
+    QVERIFY(!mFirst->textCursor().hasSelection());
+    mFirst->setPlainText("one");
+    mFirst->findNext();
+    QCOMPARE(mFirst->textCursor().selectedText(), QString("one"));
 }
 
 void tst_ReplyView::cancelledSave()

@@ -9,7 +9,7 @@
 #include "stripchart/logic/tcCsvWriter.h"
 #include "stripchart/tcLogWriter.h"
 #include "stripchart/tcStripCurve.h"
-#include "stripchart/tcWholeFile.h"
+#include "widgets/tcWholeFile.h"
 
 #include <QGuiApplication>
 

@@ -2,7 +2,7 @@
 
 class QFileDevice;
 
-/// The one place where chart files meet the operating system itself.
+/// The one place where files meet the operating system itself.
 namespace tcFileSync
 {
 

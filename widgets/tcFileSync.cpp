@@ -1,4 +1,4 @@
-#include "stripchart/tcFileSync.h"
+#include "widgets/tcFileSync.h"
 
 #include <QFileDevice>
 

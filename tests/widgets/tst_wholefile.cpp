@@ -1,4 +1,4 @@
-#include "stripchart/tcWholeFile.h"
+#include "widgets/tcWholeFile.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
-#include "stripchart/tcWholeFile.h"
+#include "widgets/tcWholeFile.h"
 
-#include "stripchart/tcFileSync.h"
+#include "widgets/tcFileSync.h"
 
 #include <QFile>
 #include <QFileInfo>
