@@ -51,7 +51,7 @@ tcAxisControl::tcAxisControl(Ui::StripChart& arForm, QwtPlotGrid& arGrid)
     mPlot.setAxisScaleDraw(QwtPlot::yLeft, mPrecisionDraw);
     mPlot.setAxisScaleDraw(QwtPlot::yRight, new ThinScaleDraw);
     mPlot.setAxisScale(QwtPlot::yRight, boxes(1).min.value(), boxes(1).max.value());
-    applyBoxes(cLeft);
+    showRange(cLeft, rangeOfBoxes(cLeft)); // with the decimals of a scale that nobody set
     // As designed: the span in ms meets the range that a fresh box has, and so shows 99.
     mForm.spinBoxSpanSec->setValue(static_cast<int>(mSpanMs));
     mForm.spinBoxSpanSec->setRange(1, cMaxSpanS);
@@ -110,21 +110,26 @@ void tcAxisControl::applyBoxes(int anAxis)
 {
     if (isAutomatic(anAxis))
         return;
-    const tcRange range{boxes(anAxis).min.value(), boxes(anAxis).max.value()};
+    const tcRange range = rangeOfBoxes(anAxis);
     if (!range.isValid())
         return;
+    showRange(anAxis, range);
+    mPrecisionDraw->setPrecision(tcAxisMath::precision(range));
+    mPlot.replot();
+}
+
+void tcAxisControl::showRange(int anAxis, const tcRange& acRange)
+{
     const int axis = plotAxis(anAxis);
     QwtScaleDiv division = mPlot.axisScaleDiv(axis);
-    division.setInterval(range.from, range.to);
-    division.setTicks(QwtScaleDiv::MajorTick, tcAxisMath::elevenTicks(range).toList());
+    division.setInterval(acRange.from, acRange.to);
+    division.setTicks(QwtScaleDiv::MajorTick, tcAxisMath::elevenTicks(acRange).toList());
     division.setTicks(QwtScaleDiv::MediumTick, {});
-    division.setTicks(QwtScaleDiv::MinorTick, tcAxisMath::minorTicks(range).toList());
+    division.setTicks(QwtScaleDiv::MinorTick, tcAxisMath::minorTicks(acRange).toList());
     mPlot.enableAxis(axis);
     mPlot.setAxisScaleDiv(axis, division);
     // As designed: of either axis. The next update gives the grid the left one's again.
     mGrid.setYDiv(division);
-    mPrecisionDraw->setPrecision(tcAxisMath::precision(range));
-    mPlot.replot();
 }
 
 void tcAxisControl::setYRange(int anAxis, double anFrom, double anTo)
@@ -236,15 +241,18 @@ void tcAxisControl::fitHeight(bool abLow)
 void tcAxisControl::showTimeLabels(bool abOn)
 {
     mTimeDraw->enableComponent(QwtAbstractScaleDraw::Labels, abOn);
-    // The scale widget measures itself anew only when it is told something of its own.
-    mPlot.axisWidget(QwtPlot::xBottom)->setLabelRotation(cLabelRotation);
-    mPlot.updateLayout();
-    mPlot.replot();
+    measureTimeLabels();
 }
 
 void tcAxisControl::showMilliseconds(bool abOn)
 {
     mTimeDraw->setShowMilliseconds(abOn);
+    measureTimeLabels();
+}
+
+void tcAxisControl::measureTimeLabels()
+{
+    // The scale widget measures itself anew only when it is told something of its own.
     mPlot.axisWidget(QwtPlot::xBottom)->setLabelRotation(cLabelRotation);
     mPlot.updateLayout();
     mPlot.replot();
@@ -255,6 +263,12 @@ tcAxisControl::tcBoxes tcAxisControl::boxes(int anAxis) const
     if (anAxis == cLeft)
         return {*mForm.doubleSpinBoxYMin, *mForm.doubleSpinBoxYMax};
     return {*mForm.doubleSpinBoxY2Min, *mForm.doubleSpinBoxY2Max};
+}
+
+tcRange tcAxisControl::rangeOfBoxes(int anAxis) const
+{
+    const tcBoxes limits = boxes(anAxis);
+    return {limits.min.value(), limits.max.value()};
 }
 
 bool tcAxisControl::isAutomatic(int anAxis) const

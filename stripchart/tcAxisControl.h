@@ -9,7 +9,6 @@ class QDoubleSpinBox;
 class QRectF;
 class QwtPlot;
 class QwtPlotGrid;
-class QwtPlotItem;
 class TimeScaleDraw;
 class tcStripCurve;
 namespace Ui
@@ -53,8 +52,7 @@ public:
     void takeZoom(const QRectF& acRect);
     void assign(tcStripCurve& arCurve, int anAxis); ///< with the markers that follow it
 
-    /// As many times as fit; three labels on the left axis of a low chart, tidy steps on that
-    /// of a higher one.
+    /// Three labels on the left axis of a low chart, tidy steps on that of a higher one.
     void fitHeight(bool abLow);
     void showTimeLabels(bool abOn);
     void showMilliseconds(bool abOn);
@@ -70,7 +68,10 @@ private:
         QDoubleSpinBox& max;
     };
     tcBoxes boxes(int anAxis) const;
+    tcAxisMath::tcRange rangeOfBoxes(int anAxis) const;
     bool isAutomatic(int anAxis) const;
+    void showRange(int anAxis, const tcAxisMath::tcRange& acRange);
+    void measureTimeLabels();
     QVector<const tcStripCurve*> visibleCurves(int anAxis) const;
     void logSpread(const char* apText, const char* apMin, const char* apMax,
                    const tcAxisMath::tcRange& acRange) const;

@@ -75,10 +75,22 @@ std::unique_ptr<QMenu> tcLegendControl::menuAt(const QPoint& acPos)
             [this] { showAll(false); });
     connect(menu->addAction(tr("Show all")), &QAction::triggered, this,
             [this] { showAll(true); });
-    QwtPlotItem* item = itemAt(acPos);
-    if (item && item->rtti() == tcStripCurve::cRtti)
-        addCurveEntries(*menu, static_cast<tcStripCurve&>(*item));
+    if (QwtPlotItem* item = itemAt(acPos))
+        addItemEntries(*menu, *item);
     return menu;
+}
+
+void tcLegendControl::addItemEntries(QMenu& arMenu, QwtPlotItem& arItem)
+{
+    // By its information, which leads nowhere once the item has left the plot.
+    const QVariant info = mPlot.itemToInfo(&arItem);
+    const QString text = tr("Hide all except %1").arg(menuText(arItem.title().text()));
+    connect(arMenu.addAction(text), &QAction::triggered, this, [this, info] {
+        if (const QwtPlotItem* item = itemOf(info))
+            showOnly(*item);
+    });
+    if (arItem.rtti() == tcStripCurve::cRtti)
+        addCurveEntries(arMenu, static_cast<tcStripCurve&>(arItem));
 }
 
 void tcLegendControl::addCurveEntries(QMenu& arMenu, tcStripCurve& arCurve)
@@ -93,7 +105,6 @@ void tcLegendControl::addCurveEntries(QMenu& arMenu, tcStripCurve& arCurve)
                         acAction(*ref->get());
                 });
     };
-    add(tr("Hide all except %1"), [this](tcStripCurve& arThis) { showOnly(arThis); });
     add(tr("Show Min/Max markers for %1"),
         [this](tcStripCurve& arThis) { Q_EMIT minMaxWanted(&arThis); });
     add(tr("Reset Min/Max markers for %1"),

@@ -11,7 +11,6 @@ class QVariant;
 class QwtLegend;
 class QwtPlot;
 class QwtPlotItem;
-class tcCurveRef;
 class tcStripCurve;
 
 /// The legend beside the plot: which curves are shown, and the menu that opens on it.
@@ -27,8 +26,8 @@ public:
 
     /// Shows or hides the item with what follows it, and its check mark.
     void setItemVisible(QwtPlotItem& arItem, bool abOn);
-    void showAll(bool abOn); ///< of the strip curves
-    void showOnly(const QwtPlotItem& acItem);
+    void showAll(bool abOn);                  ///< of the strip curves
+    void showOnly(const QwtPlotItem& acItem); ///< hides every other strip curve
 
     /// The item that the legend's information names; null once it has left the plot.
     QwtPlotItem* itemOf(const QVariant& acItemInfo) const;
@@ -45,6 +44,7 @@ Q_SIGNALS:
     void autoscaleWanted(tcStripCurve* apCurve);
 
 private:
+    void addItemEntries(QMenu& arMenu, QwtPlotItem& arItem);
     void addCurveEntries(QMenu& arMenu, tcStripCurve& arCurve);
     void rename(tcStripCurve& arCurve);
 

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void boxesApplyTheAxis_data();
     void boxesApplyTheAxis();
     void rangeWithoutWidthIsIgnored();
+    void checkedAutoscaleActionStopsTheBoxes_data();
     void checkedAutoscaleActionStopsTheBoxes();
     void gridFollowsTheLeftAxis();
     void autoscaleActionsAreNotCheckable();
@@ -92,6 +93,7 @@ void tst_ChartAxes::scaleDrawsOfTheAxes()
     QCOMPARE(bottom->labelRotation(), -50.0);
     QCOMPARE(bottom->labelAlignment(), Qt::AlignLeft | Qt::AlignBottom);
     QVERIFY(dynamic_cast<PrecisionScaleDraw*>(probe.plot->axisScaleDraw(QwtPlot::yLeft)));
+    QCOMPARE(precisionOf(probe), 3);
 }
 
 void tst_ChartAxes::boxesOfTheAxes()
@@ -153,14 +155,26 @@ void tst_ChartAxes::rangeWithoutWidthIsIgnored()
     QCOMPARE(probe.shown(QwtPlot::yLeft), QwtInterval(10.0, 50.0));
 }
 
+void tst_ChartAxes::checkedAutoscaleActionStopsTheBoxes_data()
+{
+    QTest::addColumn<int>("axis");
+    QTest::newRow("left") << 0;
+    QTest::newRow("right") << 1;
+}
+
 void tst_ChartAxes::checkedAutoscaleActionStopsTheBoxes()
 {
+    QFETCH(int, axis);
     tcChartProbe probe;
     probe.chart->setYRange(0, 10.0, 50.0);
-    probe.action("actionAutoScale_Y")->setCheckable(true);
-    probe.action("actionAutoScale_Y")->setChecked(true);
+    probe.chart->setYRange(1, 10.0, 50.0);
+    QAction* action = probe.action(axis ? "actionAutoScale_Y2" : "actionAutoScale_Y");
+    action->setCheckable(true);
+    action->setChecked(true);
     probe.box("doubleSpinBoxYMax")->setValue(80.0);
-    QCOMPARE(probe.shown(QwtPlot::yLeft), QwtInterval(10.0, 50.0));
+    probe.box("doubleSpinBoxY2Max")->setValue(80.0);
+    QCOMPARE(probe.shown(QwtPlot::yLeft).maxValue(), axis ? 80.0 : 50.0);
+    QCOMPARE(probe.shown(QwtPlot::yRight).maxValue(), axis ? 50.0 : 80.0);
 }
 
 void tst_ChartAxes::gridFollowsTheLeftAxis()

@@ -29,6 +29,7 @@ private Q_SLOTS:
 
     void legendMenuBesideLabels();
     void legendMenuOnALabel();
+    void legendMenuOnALabelOfNoStripCurve();
     void legendMenuEscapesAmpersands();
     void legendMenuOpensOnRequest();
     void hideAllAndShowAll();
@@ -63,6 +64,25 @@ void tst_ChartLegend::legendMenuOnALabel()
         texts(*probe.menuOf(probe.b.get())),
         (QStringList{"Hide all", "Show all", "Hide all except B", "Show Min/Max markers for B",
                      "Reset Min/Max markers for B", "Autoscale for B", "Rename B"}));
+}
+
+void tst_ChartLegend::legendMenuOnALabelOfNoStripCurve()
+{
+    tcThreeCurves probe;
+    QwtPlotCurve reference("Reference");
+    reference.attach(probe.plot);
+    QTRY_VERIFY(probe.label(&reference)->isVisible());
+    const auto menu = probe.menuOf(&reference);
+    QCOMPARE(texts(*menu), (QStringList{"Hide all", "Show all", "Hide all except Reference"}));
+    entry(*menu, "Hide all except Reference")->trigger();
+    QVERIFY(reference.isVisible());
+    for (tcStripCurve* curve : probe.chart->curves())
+        QVERIFY(!curve->isVisible() && !probe.label(curve)->isChecked());
+    reference.detach();
+    entry(*menu, "Show all")->trigger();
+    entry(*menu, "Hide all except Reference")->trigger(); // it is gone
+    for (tcStripCurve* curve : probe.chart->curves())
+        QVERIFY(curve->isVisible());
 }
 
 void tst_ChartLegend::legendMenuEscapesAmpersands()

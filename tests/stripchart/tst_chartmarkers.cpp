@@ -1,9 +1,7 @@
 #include "stripchart/tcMarkerInfo.h"
 #include "stripchart/tcMarkerTable.h"
-#include "stripchart/tcMinMaxLines.h"
 #include "stripchart/tcStripMarker.h"
-#include "tests/stripchart/tcChartProbe.h"
-#include "tests/support/tcScriptedDialogs.h"
+#include "tests/stripchart/tcMarkedChart.h"
 
 #include <QFormLayout>
 #include <QLabel>
@@ -17,32 +15,7 @@
 
 namespace
 {
-constexpr double cAboveAll = 1.7976931348623157e308;
-constexpr double cBelowAll = 2.2250738585072014e-308;
-constexpr double cT = static_cast<double>(tcChartProbe::cNow);
-
-struct tcMarkedChart : tcChartProbe
-{
-    tcMarkedChart()
-    {
-        a = curve("A");
-        key = chart->addCurve(a.get());
-        a->addSample(now - 4000, 40.0);
-        chart->setYRange(0, 0.0, 100.0);
-        chart->stopUpdates();
-        show();
-        chart->tick();
-        plot->replot();
-    }
-    ~tcMarkedChart() { a.reset(); }
-
-    QPoint samplePixel() const { return pixel(cT - 4000.0, 40.0); }
-    tcStripMarker* only() const { return chart->markers().markers().first(); }
-
-    std::unique_ptr<tcStripCurve> a;
-    QUuid key;
-    tcScriptedDialogs dialogs;
-};
+constexpr double cT = tcMarkedChart::cT;
 
 tcStripMarker* deepest(tcMarkerTable& arTable)
 {
@@ -56,19 +29,6 @@ class tst_ChartMarkers : public QObject
 
 private Q_SLOTS:
     void initTestCase() { QGuiApplication::setApplicationDisplayName("Vexa Tarvik"); }
-    void minMaxLinesAtStart();
-    void refreshFollowsTheCurve();
-    void refreshFromZeroTakesTheSmallest();
-    void refreshOfAnEmptyCurveChangesNothing();
-    void readingWidensWithoutLabel();
-    void readingOfAnotherCurveWidensToo();
-    void readingLeavesHiddenLines();
-    void resetWithoutCurveStaysAtTheExtremes();
-    void resetLinesAreNotDrawn();
-    void allNegativeMaximumStaysAboveZero();
-    void showMinMaxResetsAndShows();
-    void hiddenLinesStayHiddenWhenTheirCurveIsShown();
-    void followedCurveDestroyed();
     void markerSnapsToANearSample_data();
     void markerSnapsToANearSample();
     void markerSnapsOnTheRightAxis();
@@ -93,173 +53,6 @@ private Q_SLOTS:
     void markerChangedOfUnknownNumber();
     void tenThousandMarkers();
 };
-
-void tst_ChartMarkers::minMaxLinesAtStart()
-{
-    tcChartProbe probe;
-    const tcMinMaxLines& lines = probe.chart->minMaxLines();
-    QCOMPARE(lines.minLine().name(), QString("Min:"));
-    QCOMPARE(lines.maxLine().name(), QString("Max:"));
-    for (const tcStripMarker* line : {&lines.minLine(), &lines.maxLine()}) {
-        QCOMPARE(line->lineStyle(), QwtPlotMarker::HLine);
-        QCOMPARE(line->labelAlignment(), Qt::AlignRight | Qt::AlignBottom);
-        QVERIFY(!line->isVisible());
-        QCOMPARE(line->plot(), probe.plot);
-    }
-    QCOMPARE(lines.minLine().yValue(), cAboveAll);
-}
-
-void tst_ChartMarkers::refreshFollowsTheCurve()
-{
-    tcMarkedChart probe;
-    probe.a->addSample(probe.now - 3000, 12.3451);
-    auto menu = probe.chart->legendMenu(
-        probe.label(probe.a.get())->mapTo(probe.legend, QPoint(5, 5)));
-    for (QAction* action : menu->actions())
-        if (action->text().startsWith("Show Min/Max"))
-            action->trigger();
-    const tcMinMaxLines& lines = probe.chart->minMaxLines();
-    QVERIFY(lines.isFollowing());
-    QCOMPARE(lines.minLine().yValue(), 12.3451);
-    QCOMPARE(lines.minLine().label().text(), QString("Min: 12.345"));
-    QCOMPARE(lines.maxLine().label().text(), QString("Max: 40.000"));
-    probe.a->addSample(probe.now - 2000, 55.0);
-    probe.chart->tick();
-    QCOMPARE(lines.maxLine().label().text(), QString("Max: 55.000"));
-    QCOMPARE(lines.minLine().yAxis(), probe.a->yAxis());
-}
-
-void tst_ChartMarkers::refreshFromZeroTakesTheSmallest()
-{
-    QwtPlot plot;
-    plot.setAutoDelete(false);
-    tcMinMaxLines lines(plot);
-    tcStripCurve first(0);
-    tcStripCurve second(1);
-    second.addSample(1, 30.0);
-    lines.follow(&first);
-    lines.follow(&second); // leaving a curve sets the value to zero
-    QCOMPARE(lines.minLine().yValue(), 0.0);
-    lines.refresh();
-    QCOMPARE(lines.minLine().yValue(), 30.0);
-}
-
-void tst_ChartMarkers::refreshOfAnEmptyCurveChangesNothing()
-{
-    QwtPlot plot;
-    plot.setAutoDelete(false);
-    tcMinMaxLines lines(plot);
-    tcStripCurve curve(0);
-    lines.follow(&curve);
-    lines.refresh();
-    QCOMPARE(lines.minLine().yValue(), cAboveAll);
-    curve.addSample(1, std::nan(""));
-    lines.refresh();
-    QCOMPARE(lines.minLine().yValue(), cAboveAll);
-}
-
-void tst_ChartMarkers::readingWidensWithoutLabel()
-{
-    tcMarkedChart probe;
-    probe.chart->showMinMax(true);
-    const QString before = probe.chart->minMaxLines().minLine().label().text();
-    probe.chart->updateData(probe.key, 0, probe.now, 15.0);
-    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), 15.0);
-    QCOMPARE(probe.chart->minMaxLines().maxLine().yValue(), 40.0);
-    QCOMPARE(probe.chart->minMaxLines().minLine().label().text(), before);
-}
-
-void tst_ChartMarkers::readingOfAnotherCurveWidensToo()
-{
-    tcMarkedChart probe;
-    const auto b = probe.curve("B", 1);
-    probe.chart->addCurve(b.get(), probe.key);
-    probe.chart->showMinMax(true);
-    probe.chart->updateData(probe.key, 1, probe.now, 90.0);
-    probe.chart->updateData(probe.key, 0, probe.now, 41.0);
-    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), 40.0);
-    QCOMPARE(probe.chart->minMaxLines().maxLine().yValue(), 90.0);
-}
-
-void tst_ChartMarkers::readingLeavesHiddenLines()
-{
-    tcMarkedChart probe;
-    probe.chart->updateData(probe.key, 0, probe.now, 15.0);
-    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), cAboveAll);
-}
-
-void tst_ChartMarkers::resetWithoutCurveStaysAtTheExtremes()
-{
-    tcMarkedChart probe;
-    probe.chart->showMinMax(true);
-    probe.chart->updateData(probe.key, 0, probe.now, 15.0);
-    probe.action("actionReset_Min_Max")->trigger();
-    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), cAboveAll);
-    QCOMPARE(probe.chart->minMaxLines().maxLine().yValue(), cBelowAll);
-}
-
-void tst_ChartMarkers::resetLinesAreNotDrawn()
-{
-    tcMarkedChart probe;
-    probe.chart->setYRange(0, 10.0, 50.0); // the range begins above the line of the maximum
-    const QImage without = probe.plot->canvas()->grab().toImage();
-    probe.chart->showMinMax(true);
-    const QImage with = probe.plot->canvas()->grab().toImage();
-    QCOMPARE(with, without);
-}
-
-void tst_ChartMarkers::allNegativeMaximumStaysAboveZero()
-{
-    tcMarkedChart probe;
-    probe.a->clear();
-    probe.chart->showMinMax(true);
-    probe.chart->updateData(probe.key, 0, probe.now, -5.0);
-    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), -5.0);
-    QCOMPARE(probe.chart->minMaxLines().maxLine().yValue(), cBelowAll);
-}
-
-void tst_ChartMarkers::showMinMaxResetsAndShows()
-{
-    tcMarkedChart probe;
-    QVERIFY(!probe.action("actionShow_Min_Max_Markers")->isChecked());
-    probe.chart->showMinMax(true);
-    QVERIFY(probe.action("actionShow_Min_Max_Markers")->isChecked());
-    QVERIFY(probe.chart->minMaxLines().minLine().isVisible());
-    QVERIFY(probe.chart->minMaxLines().maxLine().isVisible());
-    probe.chart->updateData(probe.key, 0, probe.now, 15.0);
-    probe.action("actionShow_Min_Max_Markers")->setChecked(false);
-    QVERIFY(!probe.chart->minMaxLines().minLine().isVisible());
-    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), 15.0);
-    probe.action("actionShow_Min_Max_Markers")->setChecked(true);
-    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), cAboveAll);
-}
-
-void tst_ChartMarkers::hiddenLinesStayHiddenWhenTheirCurveIsShown()
-{
-    tcMarkedChart probe;
-    auto menu = probe.chart->legendMenu(
-        probe.label(probe.a.get())->mapTo(probe.legend, QPoint(5, 5)));
-    menu->actions().at(3)->trigger();
-    QVERIFY(probe.chart->minMaxLines().isShown());
-    probe.action("actionShow_Min_Max_Markers")->setChecked(false);
-    menu->actions().at(0)->trigger();
-    menu->actions().at(1)->trigger();
-    QVERIFY(probe.a->isVisible());
-    QVERIFY(!probe.chart->minMaxLines().minLine().isVisible());
-}
-
-void tst_ChartMarkers::followedCurveDestroyed()
-{
-    tcMarkedChart probe;
-    auto menu = probe.chart->legendMenu(
-        probe.label(probe.a.get())->mapTo(probe.legend, QPoint(5, 5)));
-    menu->actions().at(3)->trigger();
-    probe.a.reset();
-    QVERIFY(!probe.chart->minMaxLines().isFollowing());
-    QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), 0.0);
-    probe.chart->tick();
-    QVERIFY(!probe.chart->grab().isNull());
-}
 
 void tst_ChartMarkers::markerSnapsToANearSample_data()
 {
