@@ -1,6 +1,7 @@
 #include "stripchart/TimeScaleDraw.h"
 
-#include <QDateTime>
+#include "app/logic/tcPointText.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 #include <qwt_scale_map.h>
@@ -15,9 +16,8 @@ void TimeScaleDraw::setShowMilliseconds(bool abOn)
 
 QwtText TimeScaleDraw::label(double anMsSinceEpoch) const
 {
-    const QString format
-        = mShowMilliseconds ? QStringLiteral("hh:mm:ss.zzz") : QStringLiteral("hh:mm:ss");
-    return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(anMsSinceEpoch)).toString(format);
+    const QString time = tcPointText::clock(anMsSinceEpoch);
+    return mShowMilliseconds ? time : time.section('.', 0, 0);
 }
 
 void TimeScaleDraw::drawLabel(QPainter* apPainter, double anValue) const

@@ -1,9 +1,9 @@
 #include "stripchart/TimeScalePicker.h"
 
+#include "app/logic/tcPointText.h"
 #include "stripchart/tcMarkerTable.h"
 
 #include <QContextMenuEvent>
-#include <QDateTime>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPen>
@@ -60,9 +60,7 @@ bool TimeScalePicker::handlePress(const QMouseEvent& acEvent)
 
 QwtText TimeScalePicker::trackerTextF(const QPointF& acPoint) const
 {
-    const auto time = QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(acPoint.x()));
-    QwtText text(QStringLiteral("%1,%2").arg(time.toString(QStringLiteral("hh:mm:ss.zzz")),
-                                             QString::number(acPoint.y(), 'f', 3)));
+    QwtText text(tcPointText::timed(acPoint.x(), acPoint.y()));
     text.setBackgroundBrush(cTrackerShade);
     return text;
 }

@@ -1,5 +1,6 @@
 #include "stripchart/tcLegendControl.h"
 
+#include "stripchart/logic/tcChartNames.h"
 #include "stripchart/tcCurveRef.h"
 #include "stripchart/tcStripCurve.h"
 #include "stripchart/tcStripLegend.h"
@@ -9,15 +10,6 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <qwt_plot.h>
-
-namespace
-{
-QString menuText(const QString& acTitle)
-{
-    // An ampersand would be taken for the mark of a shortcut.
-    return QString(acTitle).replace('&', QLatin1String("&&"));
-}
-} // namespace
 
 tcLegendControl::tcLegendControl(QwtPlot& arPlot, QBoxLayout& arLayout)
     : mPlot(arPlot), mLegend(new tcStripLegend)
@@ -84,7 +76,8 @@ void tcLegendControl::addItemEntries(QMenu& arMenu, QwtPlotItem& arItem)
 {
     // By its information, which leads nowhere once the item has left the plot.
     const QVariant info = mPlot.itemToInfo(&arItem);
-    const QString text = tr("Hide all except %1").arg(menuText(arItem.title().text()));
+    const QString text
+        = tr("Hide all except %1").arg(tcChartNames::menuText(arItem.title().text()));
     connect(arMenu.addAction(text), &QAction::triggered, this, [this, info] {
         if (const QwtPlotItem* item = itemOf(info))
             showOnly(*item);
@@ -95,7 +88,7 @@ void tcLegendControl::addItemEntries(QMenu& arMenu, QwtPlotItem& arItem)
 
 void tcLegendControl::addCurveEntries(QMenu& arMenu, tcStripCurve& arCurve)
 {
-    const QString title = menuText(arCurve.title().text());
+    const QString title = tcChartNames::menuText(arCurve.title().text());
     auto* ref = new tcCurveRef(mPlot, &arCurve, &arMenu);
     connect(ref, &tcCurveRef::gone, &arMenu, &QWidget::close);
     const auto add = [&](const QString& acText, auto acAction) {

@@ -4,17 +4,12 @@
 #include "stripchart/tcMarkerTable.h"
 #include "stripchart/tcStripMarker.h"
 
-#include <QPen>
-#include <qwt_symbol.h>
-
 #include <algorithm>
 #include <cmath>
 
 namespace
 {
 
-constexpr int cSymbolPixels = 9;
-constexpr int cLabelPointSize = 10;
 constexpr double cFileStep = 0.001; ///< decimals that a file keeps
 
 bool isLine(const tcCsvMarker& acMarker)
@@ -29,16 +24,12 @@ std::unique_ptr<tcStripMarker> make(const tcCsvMarker& acMarker)
         marker = std::make_unique<tcStripLineMarker>(QString());
         marker->setLinePen(Qt::white, 0.0, Qt::DashLine);
     } else {
-        marker = std::make_unique<tcStripPointMarker>(QString());
-        marker->setLabelAlignment(Qt::AlignRight | Qt::AlignTop);
-        marker->setSymbol(new QwtSymbol(QwtSymbol::Diamond, Qt::white, QPen(Qt::white),
-                                        QSize(cSymbolPixels, cSymbolPixels)));
+        auto point = std::make_unique<tcStripPointMarker>(QString());
+        point->setSymbolColor(Qt::white);
+        marker = std::move(point);
     }
     marker->setValue(acMarker.point);
-    QwtText label(acMarker.label, QwtText::PlainText);
-    label.setFont(QFont(QStringLiteral("Helvetica"), cLabelPointSize));
-    label.setColor(Qt::white);
-    marker->setLabel(label);
+    marker->setText(acMarker.label, Qt::white);
     return marker;
 }
 

@@ -1,25 +1,15 @@
 #include "stripchart/tcMarkerInfo.h"
 
+#include "app/logic/tcPointText.h"
 #include "stripchart/tcMarkerTable.h"
 #include "stripchart/tcRowsDialog.h"
 #include "stripchart/tcStripMarker.h"
 
-#include <QDateTime>
 #include <QFormLayout>
 #include <QLineEdit>
 #include <QSignalBlocker>
 
 #include <iterator>
-
-namespace
-{
-QString placeText(const tcStripMarker& acMarker)
-{
-    const auto time = QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(acMarker.xValue()));
-    return QStringLiteral("%1,%2").arg(time.toString(QStringLiteral("hh:mm:ss.zzz")),
-                                       QString::number(acMarker.yValue(), 'f', 3));
-}
-} // namespace
 
 tcMarkerInfo::tcMarkerInfo(tcMarkerTable& arMarkers, QWidget* apParent)
     : QDialog(apParent)
@@ -43,7 +33,8 @@ void tcMarkerInfo::addRow(const QUuid& acKey)
     auto* edit = new QLineEdit(marker.label().text());
     const auto place = mEdits.insert(acKey, edit);
     const int row = static_cast<int>(std::distance(mEdits.begin(), place));
-    mRows->insertRow(row, tr("at %1").arg(placeText(marker)), edit);
+    mRows->insertRow(row, tr("at %1").arg(tcPointText::timed(marker.xValue(), marker.yValue())),
+                     edit);
     connect(edit, &QLineEdit::textChanged, this,
             [this, acKey](const QString& acText) { takeText(acKey, acText); });
 }

@@ -1,5 +1,6 @@
 #include "stripchart/tcMarkerTable.h"
 
+#include "stripchart/logic/tcChartNames.h"
 #include "stripchart/tcClosestSample.h"
 #include "stripchart/tcStripCurve.h"
 #include "stripchart/tcStripMarker.h"
@@ -15,8 +16,6 @@
 namespace
 {
 constexpr double cSnapPixels = 10.0;
-constexpr int cSymbolPixels = 9;
-constexpr int cLabelPointSize = 10;
 
 QColor colorOf(const tcStripMarker& acMarker)
 {
@@ -25,8 +24,9 @@ QColor colorOf(const tcStripMarker& acMarker)
 
 QSizeF sizeOf(const tcStripMarker& acMarker)
 {
-    return acMarker.symbol() ? QSizeF(acMarker.symbol()->size())
-                             : QSizeF(cSymbolPixels, cSymbolPixels);
+    return acMarker.symbol()
+        ? QSizeF(acMarker.symbol()->size())
+        : QSizeF(tcStripPointMarker::cSymbolPixels, tcStripPointMarker::cSymbolPixels);
 }
 } // namespace
 
@@ -60,8 +60,6 @@ QUuid tcMarkerTable::addLogged(std::unique_ptr<tcStripMarker> apMarker)
 QUuid tcMarkerTable::addLine(const QString& acName, double anValue)
 {
     auto line = std::make_unique<tcStripLineMarker>(acName);
-    line->setLineStyle(QwtPlotMarker::HLine);
-    line->setLabelAlignment(Qt::AlignRight | Qt::AlignBottom);
     line->setLinePen(Qt::white, 0.0, Qt::DashLine);
     QwtText label;
     label.setColor(Qt::white);
@@ -98,10 +96,8 @@ QUuid tcMarkerTable::place(const QPoint& acPos)
     QwtText label;
     label.setColor(color);
     marker->setLabel(label);
-    marker->setLabelAlignment(Qt::AlignRight | Qt::AlignTop);
     marker->setPointWithLabel(point);
-    marker->setSymbol(
-        new QwtSymbol(QwtSymbol::Diamond, color, color, QSize(cSymbolPixels, cSymbolPixels)));
+    marker->setSymbolColor(color);
     const QUuid key = add(std::move(marker));
     mPlot.replot();
     return key;
@@ -122,11 +118,7 @@ void tcMarkerTable::showText(const QUuid& acKey, const QString& acText)
     tcStripMarker* marker = find(acKey);
     if (!marker)
         return;
-    QwtText label(acText, QwtText::PlainText);
-    label.setFont(QFont(QStringLiteral("Helvetica"), cLabelPointSize));
-    label.setColor(colorOf(*marker));
-    marker->setLabel(label);
-    marker->setLabelAlignment(Qt::AlignRight | Qt::AlignTop);
+    marker->setText(acText, colorOf(*marker));
     if (!mOrder.contains(acKey))
         mOrder.append(acKey);
     // A log that wrote the marker while the question stood open writes it again with its text.
@@ -183,8 +175,7 @@ std::unique_ptr<QMenu> tcMarkerTable::menuFor(const QUuid& acKey)
     const tcStripMarker* marker = find(acKey);
     if (!marker)
         return menu;
-    // An ampersand would be taken for the mark of a shortcut.
-    const QString text = marker->label().text().replace('&', QLatin1String("&&"));
+    const QString text = tcChartNames::menuText(marker->label().text());
     QAction* action = menu->addAction(tr("Delete Marker \"%1\"").arg(text));
     connect(action, &QAction::triggered, this, [this, acKey] { remove(acKey); });
     return menu;

@@ -12,7 +12,6 @@ class QMenu;
 class QPen;
 class QPoint;
 class QwtPlot;
-class tcStripCurve;
 class tcStripMarker;
 
 /// The operator's markers, and lines that the chart's maker put there. Owns them all. Positions

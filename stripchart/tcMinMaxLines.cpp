@@ -19,8 +19,6 @@ const QColor cUnfollowedColor(200, 200, 200);
 
 void prepare(tcStripLineMarker& arLine, double anValue, QwtPlot& arPlot)
 {
-    arLine.setLineStyle(QwtPlotMarker::HLine);
-    arLine.setLabelAlignment(Qt::AlignRight | Qt::AlignBottom);
     arLine.setLinePen(cUnfollowedColor, 0.0, Qt::DotLine);
     QwtText label;
     label.setColor(Qt::white);

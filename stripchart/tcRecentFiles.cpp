@@ -1,6 +1,7 @@
 #include "stripchart/tcRecentFiles.h"
 
 #include "app/tcSettings.h"
+#include "stripchart/logic/tcChartNames.h"
 #include "stripchart/tcChartSettings.h"
 #include "widgets/tcDialogs.h"
 
@@ -37,8 +38,7 @@ QString entry(const QString& acFile)
     const int room = std::max(cEntryChars - name, cEntryChars / 4);
     if (path.size() - name > room)
         path = path.left(room) + QChar(0x2026) + path.right(name);
-    // An ampersand would be taken for the mark of a shortcut.
-    return path.replace('&', QLatin1String("&&"));
+    return tcChartNames::menuText(path);
 }
 
 } // namespace

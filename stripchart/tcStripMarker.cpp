@@ -5,6 +5,13 @@
 
 #include <QDebug>
 #include <QPainter>
+#include <QPen>
+#include <qwt_symbol.h>
+
+namespace
+{
+constexpr int cTextPointSize = 10;
+} // namespace
 
 tcStripMarker::tcStripMarker(const QString& acName) : mName(acName) { }
 
@@ -45,6 +52,14 @@ void tcStripMarker::setPointWithLabel(const QPointF& acPoint)
     setLabelText(tcPointText::pair(acPoint.x(), acPoint.y(), 3));
 }
 
+void tcStripMarker::setText(const QString& acText, const QColor& acColor)
+{
+    QwtText text(acText, QwtText::PlainText);
+    text.setFont(QFont(QStringLiteral("Helvetica"), cTextPointSize));
+    text.setColor(acColor);
+    setLabel(text);
+}
+
 void tcStripMarker::setLabelText(const QString& acText)
 {
     // The label is changed, not replaced, for the sake of its font and colour; plain text,
@@ -75,4 +90,11 @@ void tcStripLineMarker::drawLabel(QPainter* apPainter, const QRectF& acCanvas,
 tcStripPointMarker::tcStripPointMarker(const QString& acName) : tcStripMarker(acName)
 {
     setLineStyle(QwtPlotMarker::NoLine);
+    setLabelAlignment(Qt::AlignRight | Qt::AlignTop);
+}
+
+void tcStripPointMarker::setSymbolColor(const QColor& acColor)
+{
+    setSymbol(new QwtSymbol(QwtSymbol::Diamond, acColor, acColor,
+                            QSize(cSymbolPixels, cSymbolPixels)));
 }

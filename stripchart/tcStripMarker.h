@@ -23,6 +23,8 @@ public:
     void setYValueWithLabel(double anY);
     /// The same with both coordinates.
     void setPointWithLabel(const QPointF& acPoint);
+    /// The label becomes the operator's text, in the font of all such texts.
+    void setText(const QString& acText, const QColor& acColor);
 
 private:
     void setLabelText(const QString& acText);
@@ -43,9 +45,13 @@ protected:
                    const QPointF& acAt) const override;
 };
 
-/// A point that the operator placed.
+/// A point that the operator placed. Its label stands to the right above it.
 class tcStripPointMarker : public tcStripMarker
 {
 public:
+    static constexpr int cSymbolPixels = 9;
+
     explicit tcStripPointMarker(const QString& acName);
+
+    void setSymbolColor(const QColor& acColor); ///< shows a symbol
 };

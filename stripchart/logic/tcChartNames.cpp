@@ -47,6 +47,11 @@ QString windowTitle(const tcTitleParts& acParts)
     return text;
 }
 
+QString menuText(QString aName)
+{
+    return aName.replace('&', QLatin1String("&&"));
+}
+
 QString logFile(const QString& acChartName, const QDateTime& acStart)
 {
     return fileOf(acChartName, "_chart_log_", acStart);

@@ -3,7 +3,7 @@
 #include <QDateTime>
 #include <QString>
 
-/// How a chart is called in its window title, and its files.
+/// How a chart, its files and what it holds are called: in window title, folders and menus.
 namespace tcChartNames
 {
 /// What stands in the title when a chart holds no curves: "Trend Chart:".
@@ -23,6 +23,10 @@ struct tcTitleParts
 
 /// Title, blank, name, status and log file. A chart without a name shows no title.
 QString windowTitle(const tcTitleParts& acParts);
+
+/// What an operator named, as an entry of a menu shows it: an ampersand there would be taken
+/// for the mark of a shortcut.
+QString menuText(QString aName);
 
 /// Proposed for a log started at that time, without its folder: the chart's name, what no file
 /// system allows in it replaced by "_", and the time.

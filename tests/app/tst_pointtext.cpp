@@ -33,6 +33,15 @@ private Q_SLOTS:
     {
         QCOMPARE(tcPointText::pair(1, 2), QString("1.000,2.000"));
     }
+
+    void clockTimeIsLocalToTheMillisecond()
+    {
+        const QDateTime time(QDate(2026, 11, 15), QTime(15, 30, 4, 7));
+        const auto ms = static_cast<double>(time.toMSecsSinceEpoch());
+        QCOMPARE(tcPointText::clock(ms), QString("15:30:04.007"));
+        QCOMPARE(tcPointText::clock(ms + 0.9), QString("15:30:04.007"));
+        QCOMPARE(tcPointText::timed(ms, -0.0625), QString("15:30:04.007,-0.063"));
+    }
 };
 
 QTEST_APPLESS_MAIN(tst_PointText)

@@ -11,8 +11,6 @@
 #include <QtTest>
 #include <qwt_symbol.h>
 
-#include <cmath>
-
 namespace
 {
 constexpr double cT = tcMarkedChart::cT;

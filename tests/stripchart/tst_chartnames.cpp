@@ -12,6 +12,7 @@ private Q_SLOTS:
     void windowTitle();
     void titleOfCurves_data();
     void titleOfCurves();
+    void menuTextKeepsAmpersands();
     void logFile_data();
     void logFile();
     void markerFileLiesUnderTheLogsOwnPath();
@@ -145,6 +146,11 @@ void tst_ChartNames::titleOfCurves()
     QFETCH(QString, first);
     QFETCH(int, sources);
     QTEST(tcChartNames::titleOfCurves(first, sources), "text");
+}
+
+void tst_ChartNames::menuTextKeepsAmpersands()
+{
+    QCOMPARE(tcChartNames::menuText("A & B && %1"), QString("A && B &&&& %1"));
 }
 
 QTEST_APPLESS_MAIN(tst_ChartNames)
