@@ -86,6 +86,7 @@ tcStripLegend::tcStripLegend(QWidget* apParent) : QwtLegend(apParent)
     auto* layout = qobject_cast<QwtDynGridLayout*>(contentsWidget()->layout());
     layout->setExpandingDirections(Qt::Horizontal);
     layout->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    layout->setSpacing(0); // the entries' own margins part them, so no click goes between two
 }
 
 QSize tcStripLegend::minimumSizeHint() const
@@ -97,6 +98,7 @@ QWidget* tcStripLegend::createWidget(const QwtLegendData&) const
 {
     auto* label = new tcLegendLabel;
     label->setItemMode(defaultItemMode());
+    label->setMargin(cGap);
     connect(label, &QwtLegendLabel::clicked, this, &tcStripLegend::itemClicked);
     connect(label, &QwtLegendLabel::checked, this, &tcStripLegend::itemChecked);
     return label;

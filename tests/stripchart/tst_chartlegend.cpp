@@ -29,6 +29,7 @@ private Q_SLOTS:
 
     void legendMenuBesideLabels();
     void legendMenuOnALabel();
+    void legendMenuBetweenTwoLabels();
     void legendMenuOnALabelOfNoStripCurve();
     void legendMenuEscapesAmpersands();
     void legendMenuOpensOnRequest();
@@ -64,6 +65,15 @@ void tst_ChartLegend::legendMenuOnALabel()
         texts(*probe.menuOf(probe.b.get())),
         (QStringList{"Hide all", "Show all", "Hide all except B", "Show Min/Max markers for B",
                      "Reset Min/Max markers for B", "Autoscale for B", "Rename B"}));
+}
+
+void tst_ChartLegend::legendMenuBetweenTwoLabels()
+{
+    tcThreeCurves probe;
+    const int x = probe.at(probe.a.get()).x();
+    for (int y = probe.at(probe.a.get()).y(); y <= probe.at(probe.c.get()).y(); ++y)
+        QVERIFY2(probe.chart->legendMenu({x, y})->actions().size() > 2,
+                 qPrintable(QString("nothing at %1").arg(y)));
 }
 
 void tst_ChartLegend::legendMenuOnALabelOfNoStripCurve()
