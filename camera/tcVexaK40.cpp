@@ -255,7 +255,7 @@ void tcVexaK40::send(const QString& acText)
     if (acText.isEmpty())
         return;
     addText(writeCommand(tcCommand::completed(acText)));
-    mForm->CommandCB->setCurrentIndex(-1); // so that Down brings the newest entry back
+    mForm->CommandCB->setCurrentIndex(-1); // so that the wheel begins with the newest entry
     mForm->CommandCB->lineEdit()->clear();
     mForm->CommandCB->lineEdit()->setPlaceholderText({});
 }

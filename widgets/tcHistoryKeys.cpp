@@ -13,6 +13,8 @@ tcHistoryKeys::tcHistoryKeys(QLineEdit* apLine, tcHistory aHistory)
         list->installEventFilter(this);
     connect(mLine, &QLineEdit::textEdited, this, [this] { mShown = -1; });
     connect(mLine, &QLineEdit::returnPressed, this, [this] { mShown = -1; });
+    // A button sends too, and leaves the line empty.
+    connect(mLine, &QLineEdit::textChanged, this, &tcHistoryKeys::onTextChanged);
 }
 
 bool tcHistoryKeys::eventFilter(QObject* apWatched, QEvent* apEvent)
@@ -39,6 +41,12 @@ bool tcHistoryKeys::eventFilter(QObject* apWatched, QEvent* apEvent)
         break;
     }
     return QObject::eventFilter(apWatched, apEvent);
+}
+
+void tcHistoryKeys::onTextChanged(const QString& acText)
+{
+    if (acText.isEmpty())
+        mShown = -1;
 }
 
 void tcHistoryKeys::go(int anStep)

@@ -24,6 +24,7 @@ public:
     bool eventFilter(QObject* apWatched, QEvent* apEvent) override;
 
 private:
+    void onTextChanged(const QString& acText);
     void go(int anStep);
 
     QLineEdit* mLine; ///< parent

@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPointer>
+#include <QPushButton>
 #include <QTest>
 
 #include <memory>
@@ -21,6 +22,7 @@ private Q_SLOTS:
     void cleanup();
 
     void arrowsWalkWhatWasSent();
+    void sendButtonStartsTheWalkAnew();
     void escapeClears();
     void historyAndHelpAreOffered();
     void whatIsTypedIsSentWhateverIsOffered();
@@ -92,6 +94,18 @@ void tst_CommandBox::arrowsWalkWhatWasSent()
     QTest::keyClick(focus(), Qt::Key_Down);
     QTest::keyClick(focus(), Qt::Key_Down);
     QCOMPARE(line()->text(), QString());
+}
+
+void tst_CommandBox::sendButtonStartsTheWalkAnew()
+{
+    for (const char* command : {"VERS", "GROI", "GEXP"})
+        send(command);
+    QTest::keyClick(focus(), Qt::Key_Up);
+    QTest::keyClick(focus(), Qt::Key_Up);
+    mPanel->findChild<QPushButton*>("SendCommandPB")->click();
+    QCOMPARE(tcFakeSerial::instance().writes().last(), QByteArray("<GROI>\n"));
+    QTest::keyClick(focus(), Qt::Key_Up);
+    QCOMPARE(line()->text(), QString("GEXP"));
 }
 
 void tst_CommandBox::escapeClears()

@@ -2,6 +2,7 @@
 #include "tests/camera/tcPanelRig.h"
 
 #include <QSignalSpy>
+#include <QWheelEvent>
 
 class tst_VexaK40Commands : public QObject
 {
@@ -29,6 +30,7 @@ private Q_SLOTS:
     void historyIsCaseSensitive();
     void historyKeepsWhatWasTyped();
     void upBringsTheNewestBack();
+    void wheelBeginsWithTheNewest();
     void examples();
     void sameExampleTwice();
     void sendingClearsTheHint();
@@ -39,7 +41,8 @@ void tst_VexaK40Commands::slotsHaveTheirNames()
 {
     const QMetaObject& meta = tcVexaK40::staticMetaObject;
     for (const char* slot : {"CheckRxData()", "SendCommand()", "SendPreset()", "SendFile()",
-                             "addText(QString)", "onTextChanged()"})
+                             "addText(QString)", "onTextChanged()", "showTemps(bool)",
+                             "tempTimerCallback()", "requestTemp(int)", "addOmegaMonitor()"})
         QVERIFY2(meta.indexOfSlot(slot) >= 0, slot);
 }
 
@@ -242,6 +245,21 @@ void tst_VexaK40Commands::upBringsTheNewestBack()
     QCOMPARE(rig.commandLine()->text(), QStringLiteral("B"));
     QTest::keyClick(rig.commandBox(), Qt::Key_Up);
     QCOMPARE(rig.commandLine()->text(), QStringLiteral("A"));
+}
+
+void tst_VexaK40Commands::wheelBeginsWithTheNewest()
+{
+    tcPanelRig rig;
+    for (const char* typed : {"A", "B"}) {
+        rig.type(typed);
+        QTest::keyClick(rig.commandLine(), Qt::Key_Return);
+    }
+    for (const char* expected : {"B", "A"}) {
+        QWheelEvent turn({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                         Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(rig.commandBox(), &turn);
+        QCOMPARE(rig.commandLine()->text(), QString(expected));
+    }
 }
 
 void tst_VexaK40Commands::examples()
