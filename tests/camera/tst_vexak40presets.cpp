@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QTabWidget>
 
 class tst_VexaK40Presets : public QObject
 {
@@ -39,6 +40,7 @@ private Q_SLOTS:
     void lengthLimitIsKept_data();
     void lengthLimitIsKept();
     void advancedIsOnlyRead();
+    void startsWithTheTextTab();
     void groupIsTheCameraName_data();
     void groupIsTheCameraName();
 
@@ -396,6 +398,22 @@ void tst_VexaK40Presets::advancedIsOnlyRead()
     QVERIFY(rig.find<QWidget>("fakeRXPB")->isHidden());
     rig.panel.saveSettings(&settings());
     QVERIFY(!settings().contains("Vexa-K20 (Temp controlled)/advanced"));
+}
+
+/// Whichever tab the last session ended with.
+void tst_VexaK40Presets::startsWithTheTextTab()
+{
+    const QString key = "Vexa-K20 (Temp controlled)/tab";
+    {
+        const QScopedPointer<tcPanelRig> rig(new tcPanelRig);
+        rig->find<QTabWidget>("tabWidget")->setCurrentIndex(1);
+        rig->panel.saveSettings(&settings());
+        QVERIFY(!settings().contains(key));
+    }
+    settings().setValue(key, 1);
+    tcPanelRig rig;
+    rig.panel.loadSettings(&settings());
+    QCOMPARE(rig.find<QTabWidget>("tabWidget")->currentIndex(), 0);
 }
 
 void tst_VexaK40Presets::groupIsTheCameraName_data()
