@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+#include <cmath>
+
 namespace tcReply
 {
 namespace
@@ -51,7 +53,10 @@ std::optional<tcSensorReading> sensorReading(const QString& acText)
     const QRegularExpressionMatch match = sensorPattern().match(acText);
     if (!match.hasMatch())
         return std::nullopt;
-    return tcSensorReading{match.capturedRef(1).toInt(), match.capturedRef(2).toDouble()};
+    const double value = match.capturedRef(2).toDouble();
+    if (!std::isfinite(value)) // more digits than a number holds
+        return std::nullopt;
+    return tcSensorReading{match.capturedRef(1).toInt(), value};
 }
 
 std::optional<tcCoolerState> coolerState(const QString& acText)
@@ -59,8 +64,9 @@ std::optional<tcCoolerState> coolerState(const QString& acText)
     const QRegularExpressionMatch match = coolerPattern().match(acText);
     if (!match.hasMatch())
         return std::nullopt;
+    const double setPoint = match.capturedRef(2).toDouble(); // 0 for what is no figure
     return tcCoolerState{match.capturedRef(1) == QLatin1String("ON"),
-                         match.capturedRef(2).toDouble()};
+                         std::isfinite(setPoint) ? setPoint : 0};
 }
 
 } // namespace tcReply

@@ -22,7 +22,8 @@ struct tcSensorReading
     int number = 0; ///< 0 to 9
     double value = 0;
 };
-/// As designed: a sensor number of one digit only, and a value with a decimal point.
+/// As designed: a sensor number of one digit only, and a value with a decimal point. Nothing
+/// for a value beyond all numbers, which no chart could show.
 std::optional<tcSensorReading> sensorReading(const QString& acText);
 
 struct tcCoolerState

@@ -88,6 +88,8 @@ void tst_Reply::sensorReading_data()
     QTest::newRow("no decimal point") << "<SENS 3><ACK><21>" << false << 0 << 0.0;
     QTest::newRow("negative") << "<SENS 3><ACK><-1.5>" << false << 0 << 0.0;
     QTest::newRow("exponent") << "<SENS 3><ACK><1.5e3>" << false << 0 << 0.0;
+    QTest::newRow("more than a number holds")
+        << "<SENS 3><ACK><" + QString(400, '9') + ".0>" << false << 0 << 0.0;
     QTest::newRow("refused") << "<SENS 3><NACK><1.5>" << false << 0 << 0.0;
     QTest::newRow("no value") << "<SENS 3><ACK>" << false << 0 << 0.0;
     QTest::newRow("other command") << "<TEMP 3><ACK><1.5>" << false << 0 << 0.0;
@@ -115,6 +117,9 @@ void tst_Reply::coolerState_data()
     QTest::newRow("off") << "<GTEC><ACK><OFF><22.5>" << true << false << 22.5;
     QTest::newRow("below zero") << "<GTEC><ACK><ON><-10.25>" << true << true << -10.25;
     QTest::newRow("unreadable set point") << "<GTEC><ACK><ON><cold>" << true << true << 0.0;
+    for (const char* figure : {"nan", "inf", "-inf", "1e999"})
+        QTest::newRow(figure) << QString("<GTEC><ACK><ON><%1>").arg(figure) << true << true
+                              << 0.0;
     QTest::newRow("empty set point") << "<GTEC><ACK><ON><>" << true << true << 0.0;
     QTest::newRow("a further field spoils the figure")
         << "<GTEC><ACK><ON><24.0><1>" << true << true << 0.0;
