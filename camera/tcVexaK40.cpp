@@ -177,7 +177,7 @@ void tcVexaK40::connectSensors()
     mSensors = std::make_unique<tcSensorMonitor>(
         tcSensorMonitor::tcControls{mForm->sensorsLW, mForm->tempsPB, mForm->pollSecSB,
                                     mForm->simSensorsPB, mForm->addSensorTB},
-        nullptr);
+        this);
     connect(mForm->tempsPB, &QPushButton::clicked, this, &tcVexaK40::showTemps);
     connect(this, &tcVexaK40::sensorReading, mSensors.get(), &tcSensorMonitor::addReading);
     connect(this, &tcVexaK40::coolerState, mSensors.get(), &tcSensorMonitor::showSetPoint);

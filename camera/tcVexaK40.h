@@ -95,7 +95,7 @@ private:
     teCmvType mType;
     tcPresetList mPresets;
     tcReceiver* mReceiver;                     ///< child
-    std::unique_ptr<tcSensorMonitor> mSensors; ///< goes before the form that it works on
+    std::unique_ptr<tcSensorMonitor> mSensors; ///< child that goes before the form it uses
     tcLogView* mLog = nullptr;                 ///< child of its view
     QTimer mRxTimer;
     QTimer mKeepAliveTimer;

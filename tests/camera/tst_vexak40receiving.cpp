@@ -2,9 +2,11 @@
 #include "tests/camera/tcPanelRig.h"
 
 #include <QScrollBar>
+#include <QSet>
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QTextCursor>
+#include <QTimer>
 
 class tst_VexaK40Receiving : public QObject
 {
@@ -40,6 +42,7 @@ private Q_SLOTS:
     void hexViewKeepsItsPlace();
     void clearEmptiesEverything();
 
+    void timersHaveTheirIntervals();
     void keepAliveAsksEverySecond();
     void keepAliveIsNotLogged();
     void keepAliveWithoutPort();
@@ -322,6 +325,33 @@ void tst_VexaK40Receiving::clearEmptiesEverything()
     QTRY_COMPARE(rig.hex(), tcHexDump::text(QByteArray("<B><ACK>\r\n")));
 }
 
+/// Seen where they fire, so that a slow machine makes no difference.
+void tst_VexaK40Receiving::timersHaveTheirIntervals()
+{
+    class tcWatch : public QObject
+    {
+    public:
+        bool eventFilter(QObject* apTimer, QEvent* apEvent) override
+        {
+            const auto* timer = qobject_cast<QTimer*>(apTimer);
+            if (timer && apEvent->type() == QEvent::Timer && !timer->isSingleShot())
+                intervals.insert(timer->interval());
+            return false;
+        }
+        QSet<int> intervals;
+    };
+    tcWatch watch;
+    tcPanelRig rig;
+    rig.open();
+    qApp->installEventFilter(&watch);
+    QTRY_COMPARE(watch.intervals, QSet<int>({20}));
+    rig.button("keepAlivePB")->setChecked(true);
+    QTRY_COMPARE(watch.intervals, QSet<int>({20, 1000}));
+    rig.close();
+    watch.intervals.clear();
+    QTRY_COMPARE(watch.intervals, QSet<int>({1000})); // it goes on, for the next port
+}
+
 void tst_VexaK40Receiving::keepAliveAsksEverySecond()
 {
     tcPanelRig rig;
@@ -364,13 +394,20 @@ void tst_VexaK40Receiving::withoutKeepAliveNoTimeout()
     QTest::qWait(6500);
     QCOMPARE(closing.size(), 0);
     // The same silence counts as soon as somebody cares for it.
-    QObject::connect(&rig.panel, &tcVexaK40::requestClosePort, this, [&] { rig.close(); });
+    QString loggedBefore;
+    QObject::connect(&rig.panel, &tcVexaK40::requestClosePort, this, [&] {
+        loggedBefore = rig.log();
+        rig.close();
+    });
+    rig.logView()->moveCursor(QTextCursor::Start);
     rig.button("keepAlivePB")->setChecked(true);
     rig.panel.CheckRxData();
     QCOMPARE(closing.size(), 1);
     QCOMPARE(rig.log(),
              QStringLiteral("<A><ACK>\nTimeout .. no data from camera in > 5 seconds... "
                             "closing connection"));
+    QCOMPARE(loggedBefore, QStringLiteral("<A><ACK>\n")); // asked first, told then
+    QVERIFY(rig.logView()->textCursor().atEnd());
     rig.panel.CheckRxData();
     QCOMPARE(closing.size(), 1);
     // Reopened with Keep Alive still checked, the port begins anew.

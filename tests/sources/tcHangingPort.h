@@ -2,11 +2,14 @@
 
 #include "tests/sources/tcGate.h"
 
+#include <mutex>
+
 #include <dlfcn.h>
 #include <termios.h>
 
-/// Serial ports whose driver hangs while they are set up, as some do whose far end is away. To
-/// be included once per program: it takes the place of the system's own function.
+/// Serial ports whose driver hangs while they are set up, as some do whose far end is away, and
+/// how they were set up at last. To be included once per program: it takes the place of the
+/// system's own function.
 namespace tcHangingPort
 {
 
@@ -17,6 +20,24 @@ inline tcGate& gate()
     return *one;
 }
 
+inline std::mutex& settingsMutex()
+{
+    static auto* one = new std::mutex;
+    return *one;
+}
+
+inline termios& lastSettings()
+{
+    static termios settings{};
+    return settings;
+}
+
+inline termios settings()
+{
+    const std::lock_guard lock(settingsMutex());
+    return lastSettings();
+}
+
 } // namespace tcHangingPort
 
 extern "C" int tcsetattr(int anFile, int anWhen, const termios* apSettings) noexcept
@@ -24,5 +45,9 @@ extern "C" int tcsetattr(int anFile, int anWhen, const termios* apSettings) noex
     using tcFunction = int (*)(int, int, const termios*);
     static const auto real = reinterpret_cast<tcFunction>(dlsym(RTLD_NEXT, "tcsetattr"));
     tcHangingPort::gate().pass();
+    {
+        const std::lock_guard lock(tcHangingPort::settingsMutex());
+        tcHangingPort::lastSettings() = *apSettings;
+    }
     return real(anFile, anWhen, apSettings);
 }

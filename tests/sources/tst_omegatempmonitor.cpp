@@ -66,6 +66,8 @@ private Q_SLOTS:
     void listsThePortsOfTheSystem();
     void listsExtraPortsAfterThem();
     void titleNamesThePortUntilStopped();
+    void lineIsSetUp();
+    void poolNeverDeletesTheWorker();
     void readsTheThermometer();
     void requestsBeginASecondAfterOpening();
     void asksAsFastAsItIsAnswered();
@@ -135,6 +137,26 @@ void tst_OmegaTempMonitor::titleNamesThePortUntilStopped()
     QCOMPARE(monitor.displayName(), QStringLiteral("Omega UTC None"));
     tcOmegaTempMonitor odd(QStringLiteral("%1%2"));
     QCOMPARE(odd.displayName(), QStringLiteral("Omega UTC %1%2"));
+}
+
+void tst_OmegaTempMonitor::lineIsSetUp()
+{
+    tcOmegaSim sim;
+    tcOmegaTempMonitor monitor(port(sim));
+    monitor.start();
+    QTRY_COMPARE(sim.received(), std::string("\r\n"));
+    const termios line = tcHangingPort::settings();
+    QCOMPARE(cfgetispeed(&line), speed_t(B38400));
+    QCOMPARE(cfgetospeed(&line), speed_t(B38400));
+    QCOMPARE(line.c_cflag & CSIZE, tcflag_t(CS8));
+    QCOMPARE(line.c_cflag & (PARENB | CSTOPB | CRTSCTS), tcflag_t(0));
+    QCOMPARE(line.c_iflag & (IXON | IXOFF), tcflag_t(0));
+}
+
+void tst_OmegaTempMonitor::poolNeverDeletesTheWorker()
+{
+    tcEmitter source;
+    QVERIFY(!tcOmegaMonWorker(&source, "COM3").autoDelete());
 }
 
 void tst_OmegaTempMonitor::readsTheThermometer()
