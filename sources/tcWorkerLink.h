@@ -29,6 +29,17 @@ public:
         return std::exchange(mSources.at(anSlot), apSource);
     }
     bool wasStarted() const { return mStarted != 0; }
+    /// Ready for a run; called before the worker is handed to the pool, so that a request to
+    /// stop that comes before the loop begins is not lost.
+    void restart()
+    {
+        change([this] {
+            mStarted = 1;
+            mStopRequested = 0;
+            mFinished = 0;
+            mEnded = false;
+        });
+    }
     void requestStop()
     {
         change([this] { mStopRequested = 1; });
@@ -87,24 +98,14 @@ public:
     {
         change([this] { mFinished = 1; });
     }
-
-    // The pool thread's side.
-
-    /// Ready for a run; called before the worker is handed to the pool, so that a request to
-    /// stop that comes before the loop begins is not lost.
-    void restart()
-    {
-        change([this] {
-            mStarted = 1;
-            mStopRequested = 0;
-            mFinished = 0;
-            mEnded = false;
-        });
-    }
+    /// The last thing that its thread does.
     void setEnded()
     {
         change([this] { mEnded = true; });
     }
+
+    // The pool thread's side.
+
     /// Waits until the loop has ended, or returns false once it is let go.
     bool waitEnded()
     {

@@ -29,10 +29,10 @@ extern "C"
     ///   overflow=F         overflow flags of each reading, for example 0x08; 0 for none
     ///   open=H             handle that opening a unit gives: -1 fails, 0 is no unit
     ///   error=N            the last error
-    ///   fail=FUNCTION      it gives 0 and does nothing: set_mains, set_channel, get_single,
-    ///   ... mend=FUNCTION      no longer hang=FUNCTION      calls of it do not return:
-    ///   open_unit, get_single, ... release            those that hang return now, and nothing
-    ///   hangs any longer
+    ///   fail=FUNCTION      it does nothing and says so: set_mains, get_single, ...
+    ///   mend=FUNCTION      it works again
+    ///   hang=FUNCTION      calls of it do not return: open_unit, get_single, ...
+    ///   release            those that hang return now, and nothing hangs any longer
     ///
     /// The environment variable TC08SIM holds directives for the start; TC08SIM_FILE names a
     /// file with directives that are carried out whenever it changes, looked at before each
