@@ -447,6 +447,7 @@ void tcVexaK40::loadSettings(QSettings* apSettings)
     mMaxDescriptionLength = readable && length >= 0 ? length : cDefaultLength;
     mRxBuffer.setLimit(mMaxDescriptionLength);
     setAdvanced(apSettings->value(QStringLiteral("advanced"), false).toBool());
+    mForm->tabWidget->setCurrentIndex(apSettings->value(QStringLiteral("tab")).toInt());
     apSettings->endGroup();
     loadPresets(QFileInfo(apSettings->fileName()).path() + QStringLiteral("/presets.ini"));
 }
@@ -476,6 +477,10 @@ void tcVexaK40::saveSettings(QSettings* apSettings)
     }
     apSettings->endArray();
     apSettings->setValue(QStringLiteral("mMaxDescriptionLength"), mMaxDescriptionLength);
+    if (mForm->tabWidget->currentIndex() > 0)
+        apSettings->setValue(QStringLiteral("tab"), mForm->tabWidget->currentIndex());
+    else
+        apSettings->remove(QStringLiteral("tab"));
     apSettings->endGroup();
 }
 

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void lengthLimitIsKept();
     void advancedIsOnlyRead();
     void startsWithTheTextTab();
+    void lastTabComesBack();
     void groupIsTheCameraName_data();
     void groupIsTheCameraName();
 
@@ -400,20 +401,31 @@ void tst_VexaK40Presets::advancedIsOnlyRead()
     QVERIFY(!settings().contains("Vexa-K20 (Temp controlled)/advanced"));
 }
 
-/// Whichever tab the last session ended with.
 void tst_VexaK40Presets::startsWithTheTextTab()
 {
-    const QString key = "Vexa-K20 (Temp controlled)/tab";
-    {
-        const QScopedPointer<tcPanelRig> rig(new tcPanelRig);
-        rig->find<QTabWidget>("tabWidget")->setCurrentIndex(1);
-        rig->panel.saveSettings(&settings());
-        QVERIFY(!settings().contains(key));
-    }
-    settings().setValue(key, 1);
     tcPanelRig rig;
     rig.panel.loadSettings(&settings());
     QCOMPARE(rig.find<QTabWidget>("tabWidget")->currentIndex(), 0);
+    rig.panel.saveSettings(&settings());
+    QVERIFY(!settings().contains("Vexa-K20 (Temp controlled)/tab"));
+}
+
+void tst_VexaK40Presets::lastTabComesBack()
+{
+    {
+        tcPanelRig rig;
+        rig.find<QTabWidget>("tabWidget")->setCurrentIndex(1);
+        rig.panel.saveSettings(&settings());
+    }
+    tcPanelRig rig;
+    rig.panel.loadSettings(&settings());
+    QCOMPARE(rig.find<QTabWidget>("tabWidget")->currentIndex(), 1);
+
+    rig.find<QTabWidget>("tabWidget")->setCurrentIndex(0);
+    rig.panel.saveSettings(&settings());
+    tcPanelRig next;
+    next.panel.loadSettings(&settings());
+    QCOMPARE(next.find<QTabWidget>("tabWidget")->currentIndex(), 0);
 }
 
 void tst_VexaK40Presets::groupIsTheCameraName_data()
