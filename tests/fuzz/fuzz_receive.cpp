@@ -11,6 +11,7 @@
 #include <QTextCodec>
 #include <QTextDecoder>
 
+#include <cmath>
 #include <cstdlib>
 #include <memory>
 
@@ -56,8 +57,9 @@ void route(const QString& acReply)
     const QString text = tcReply::normalised(acReply);
     must(!text.contains("\n\n"));
     if (const auto reading = tcReply::sensorReading(text))
-        must(reading->number >= 0 && reading->number <= 9);
-    tcReply::coolerState(text);
+        must(reading->number >= 0 && reading->number <= 9 && std::isfinite(reading->value));
+    if (const auto cooler = tcReply::coolerState(text))
+        must(std::isfinite(cooler->setPoint));
     must(tcLongLines::broken(text).remove('\n') == QString(text).remove('\n'));
 }
 
