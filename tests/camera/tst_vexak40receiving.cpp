@@ -24,6 +24,7 @@ private Q_SLOTS:
 
     void entriesAreStamped();
     void operatorsCursorStays();
+    void newestEntryIsInView();
     void lengthRule();
     void onTextChangedAppliesTheRule();
 
@@ -129,6 +130,28 @@ void tst_VexaK40Receiving::operatorsCursorStays()
     rig.panel.addText("two\n");
     QCOMPARE(rig.logView()->textCursor().position(), 3);
     QVERIFY(rig.log().endsWith("two\n"));
+}
+
+void tst_VexaK40Receiving::newestEntryIsInView()
+{
+    tcPanelRig rig;
+    rig.panel.resize(700, 360);
+    rig.panel.show();
+    rig.open();
+    const auto newestIsInView = [&rig] {
+        const QPlainTextEdit* view = rig.logView();
+        return view->textCursor().atEnd()
+            && view->viewport()->rect().intersects(view->cursorRect());
+    };
+    for (int entry = 0; entry < 100; ++entry)
+        rig.panel.addText("line\n");
+    QVERIFY(newestIsInView());
+    for (int reply = 0; reply < 20; ++reply)
+        rig.line.receive("<A><ACK>\r\n<B><ACK>\r\n");
+    while (rig.line.waiting() > 0)
+        rig.panel.CheckRxData();
+    QVERIFY(rig.log().endsWith("<A><ACK>\n<B><ACK>\n"));
+    QVERIFY(newestIsInView());
 }
 
 void tst_VexaK40Receiving::lengthRule()

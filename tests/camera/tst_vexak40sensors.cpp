@@ -20,6 +20,7 @@ private Q_SLOTS:
     void cleanup() { QCOMPARE(tcFakeSerial::instance().misuse, QStringList()); }
 
     void plottingAsksForTheCooler();
+    void onlyAClickStartsPlotting();
     void withoutAPortNothingIsSent();
     void readingIsPlottedAndNotLogged();
     void onlyOneDigitReachesItsCurve();
@@ -55,6 +56,15 @@ void tst_VexaK40Sensors::plottingAsksForTheCooler()
     rig.button("tempsPB")->click();
     QCOMPARE(rig.line.writes(), QList<QByteArray>{"<GTEC>\n"});
     QCOMPARE(rig.log(), QString()); // what was sent is not logged
+}
+
+void tst_VexaK40Sensors::onlyAClickStartsPlotting()
+{
+    tcPanelRig rig;
+    rig.open();
+    rig.button("tempsPB")->setChecked(true);
+    QCOMPARE(rig.line.writes().size(), 0);
+    QVERIFY(!tcChartOperator::shownChart());
 }
 
 void tst_VexaK40Sensors::withoutAPortNothingIsSent()
