@@ -56,7 +56,7 @@ private:
     };
 
     teEnd loop();
-    /// Nothing while reading goes on.
+    /// Whether reading goes on; areEnd says why it does not.
     bool readOnce(quint32 anWaiting, teEnd& areEnd);
     bool emitReplies();
     void emitUnfinishedReply();

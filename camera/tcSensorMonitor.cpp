@@ -114,7 +114,7 @@ void tcSensorMonitor::fillSourceMenu()
             QAction* action = channelMenu->addAction(channel);
             action->setShortcut(QKeySequence());
             connect(action, &QAction::triggered, this,
-                    [this, channel, type] { addSource(channel, type); });
+                    [this, channel, type] { addSourceEntry(channel, type); });
         }
     }
 }
@@ -135,7 +135,7 @@ void tcSensorMonitor::addEntry(teSensorKind aeKind, const QString& acName,
 }
 
 /// Shows the new entry too: it comes last, behind more rows than the list shows.
-void tcSensorMonitor::addSource(const QString& acChannel, const QString& acType)
+void tcSensorMonitor::addSourceEntry(const QString& acChannel, const QString& acType)
 {
     addEntry(teSensorKind::Source, acChannel, acType);
     mControls.sensors->setCurrentRow(mControls.sensors->count() - 1);
@@ -152,7 +152,7 @@ void tcSensorMonitor::addOmegaMonitor()
         = tcDialogs::current().item(mControls.sensors, tr("Add Sensor"), tr("Select COM port"),
                                     source->availableChannels());
     if (alive && port && !port->isEmpty())
-        addSource(*port, type);
+        addSourceEntry(*port, type);
 }
 
 void tcSensorMonitor::showTemps(bool abOn)

@@ -75,7 +75,7 @@ private:
     void setUpList();
     void setUpChart();
     void fillSourceMenu();
-    void addSource(const QString& acChannel, const QString& acType);
+    void addSourceEntry(const QString& acChannel, const QString& acType);
     void addEntry(teSensorKind aeKind, const QString& acName, const QString& acSourceType,
                   const QString& acDisplayText = {});
     bool stopSources();
