@@ -17,6 +17,7 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QStatusBar>
+#include <QStatusTipEvent>
 #include <QUrl>
 
 #include <algorithm>
@@ -25,6 +26,7 @@ namespace
 {
 
 constexpr QSize cDefaultSize{730, 500};
+constexpr QSize cLargestSize{16384, 16384}; ///< beyond any screen; a larger one eats the memory
 
 void openWithDesktop(const QString& acFile)
 {
@@ -82,17 +84,19 @@ void tcMainWindow::setIdentity()
     mSettingsPath = QStringLiteral("%1/%2").arg(folder, QStringLiteral("tarvik.ini"));
 }
 
+std::unique_ptr<QSettings> tcMainWindow::settingsOn(const QString& acFile)
+{
+    if (acFile.isEmpty())
+        return std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
+                                           QStringLiteral("Quillon"), QStringLiteral("Tarvik"));
+    return std::make_unique<QSettings>(acFile, QSettings::IniFormat);
+}
+
 QSettings* tcMainWindow::settings()
 {
     if (mSettings)
         return mSettings.get();
-    if (mSettingsPath.isEmpty()) {
-        mSettings
-            = std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
-                                          QStringLiteral("Quillon"), QStringLiteral("Tarvik"));
-    } else {
-        mSettings = std::make_unique<QSettings>(mSettingsPath, QSettings::IniFormat);
-    }
+    mSettings = settingsOn(mSettingsPath);
     const QString where
         = tr("Settings at %1").arg(QDir::toNativeSeparators(mSettings->fileName()));
     qDebug().noquote() << where;
@@ -107,7 +111,8 @@ void tcMainWindow::restorePlace()
     const QVariant position = settings()->value(QStringLiteral("position"));
     settings()->endGroup();
     // What somebody wrote into the file by hand may be no size at all.
-    resize(size.isEmpty() ? cDefaultSize : size);
+    const bool usable = !size.isEmpty() && size.boundedTo(cLargestSize) == size;
+    resize(usable ? size : cDefaultSize);
     if (position.canConvert<QPoint>() && isReachable(position.toPoint(), this->size()))
         move(position.toPoint());
 }
@@ -187,6 +192,15 @@ void tcMainWindow::ShowAbout()
 void tcMainWindow::Opened(bool abOpen)
 {
     mStatusBar->showMessage(abOpen ? tr("Connected") : tr("Not Connected"));
+}
+
+bool tcMainWindow::event(QEvent* apEvent)
+{
+    // Menu entries have no tips, and showing none would wipe out whether a port is open.
+    if (apEvent->type() == QEvent::StatusTip
+        && static_cast<QStatusTipEvent*>(apEvent)->tip().isEmpty())
+        return true;
+    return QMainWindow::event(apEvent);
 }
 
 void tcMainWindow::storeSettings()

@@ -21,11 +21,15 @@ public:
     explicit tcMainWindow(QWidget* apParent = nullptr);
     ~tcMainWindow() override;
 
+    /// Settings in that file; without one, in the user's own of this program's maker.
+    static std::unique_ptr<QSettings> settingsOn(const QString& acFile);
+
 public Q_SLOTS:
     void ShowAbout();
     void Opened(bool abOpen);
 
 protected:
+    bool event(QEvent* apEvent) override;
     void closeEvent(QCloseEvent* apEvent) override;
 
 private:

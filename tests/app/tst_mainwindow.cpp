@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QDesktopServices>
 #include <QDir>
@@ -23,6 +24,7 @@
 #include <QStatusBar>
 #include <QTest>
 
+#include <functional>
 #include <memory>
 
 /// The whole window over the scripted serial library, in a configuration folder of its own.
@@ -44,11 +46,15 @@ private Q_SLOTS:
     void startSaysWhereTheSettingsAre();
     void menusInTheirOrder();
     void openIniFile();
+    void openIniFileBeforeThereAreSettings();
+    void settingsWithoutAFolderAreTheUsersOwn();
     void exitClosesTheWindow();
+    void closingTakesTheOtherWindowsAlong();
     void documentsAreThePdfFilesBesideTheProgram();
     void withoutDocumentsTheMenuIsEmpty();
     void aboutBox();
     void statusBarFollowsTheConnection();
+    void statusOutlivesALookIntoTheMenus();
     void smallEnoughForTheDefaultSize();
     void longNamesDoNotWidenTheWindow();
 
@@ -146,6 +152,8 @@ void tst_MainWindow::firstStart()
     make();
     QCOMPARE(mWindow->size(), QSize(730, 500));
     QCOMPARE(child<QComboBox>("cameraCB")->currentText(), QString("Vexa-K50"));
+    // Made by the window, long before anything is stored there.
+    QVERIFY(QFileInfo(iniFile()).dir().exists());
 }
 
 void tst_MainWindow::startSaysWhereTheSettingsAre()
@@ -183,12 +191,91 @@ void tst_MainWindow::openIniFile()
     QCOMPARE(mOpened, QStringList{iniFile()});
 }
 
+/// Hands over the menus while the status bar is being made, which is before there are settings.
+class tcStatusBarWatch : public QObject
+{
+public:
+    explicit tcStatusBarWatch(std::function<void(const QList<QAction*>&)> aThen)
+        : mThen(std::move(aThen))
+    {
+        qApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* apWatched, QEvent* apEvent) override
+    {
+        if (mDone || apEvent->type() != QEvent::ChildAdded
+            || apWatched->objectName() != "MainWindow")
+            return false;
+        const auto* window = static_cast<QMainWindow*>(apWatched);
+        const QWidget* bar = window->menuWidget();
+        mDone = bar && bar->actions().size() == 2;
+        if (mDone)
+            mThen(bar->actions());
+        return false;
+    }
+
+private:
+    std::function<void(const QList<QAction*>&)> mThen;
+    bool mDone = false;
+};
+
+void tst_MainWindow::openIniFileBeforeThereAreSettings()
+{
+    tcScriptedDialogs dialogs;
+    const tcStatusBarWatch watch([](const QList<QAction*>& acMenus) {
+        acMenus.at(0)->menu()->actions().at(0)->trigger();
+    });
+    make();
+    QCOMPARE(dialogs.asked.size(), 1);
+    QCOMPARE(dialogs.asked.at(0).kind, QString("information"));
+    QCOMPARE(dialogs.asked.at(0).title, QGuiApplication::applicationDisplayName());
+    QCOMPARE(dialogs.asked.at(0).text, QString("No settings"));
+    QVERIFY(mOpened.isEmpty());
+}
+
+void tst_MainWindow::settingsWithoutAFolderAreTheUsersOwn()
+{
+    const auto settings = tcMainWindow::settingsOn({});
+    const QSettings same(QSettings::IniFormat, QSettings::UserScope, "Quillon", "Tarvik");
+    QCOMPARE(settings->fileName(), same.fileName());
+    QCOMPARE(settings->format(), QSettings::IniFormat);
+    QVERIFY(settings->fileName().endsWith("Quillon/Tarvik.ini"));
+}
+
 void tst_MainWindow::exitClosesTheWindow()
 {
     make();
     mWindow->show();
     action(0, "Exit")->trigger();
     QVERIFY(!mWindow->isVisible());
+}
+
+/// A window that an operator would have to close twice.
+class tcStubbornWindow : public QWidget
+{
+    void closeEvent(QCloseEvent* apEvent) override
+    {
+        apEvent->setAccepted(mAsked);
+        mAsked = true;
+    }
+    bool mAsked = false;
+};
+
+void tst_MainWindow::closingTakesTheOtherWindowsAlong()
+{
+    make();
+    mWindow->show();
+    QWidget chart;
+    chart.show();
+    QVERIFY(mWindow->close());
+    QVERIFY(!chart.isVisible());
+
+    // Accepted even if another window stays.
+    mWindow->show();
+    tcStubbornWindow stays;
+    stays.show();
+    QVERIFY(mWindow->close());
+    QVERIFY(stays.isVisible());
 }
 
 void tst_MainWindow::documentsAreThePdfFilesBesideTheProgram()
@@ -254,6 +341,24 @@ void tst_MainWindow::statusBarFollowsTheConnection()
     QCOMPARE(mWindow->statusBar()->currentMessage(), QString("Connected"));
     child<QPushButton>("openPB")->click();
     QCOMPARE(mWindow->statusBar()->currentMessage(), QString("Not Connected"));
+}
+
+void tst_MainWindow::statusOutlivesALookIntoTheMenus()
+{
+    make();
+    mWindow->show();
+    QVERIFY(QTest::qWaitForWindowExposed(mWindow.get()));
+    child<QPushButton>("openPB")->click();
+    QMenuBar* bar = mWindow->menuBar();
+    for (QAction* item : bar->actions()) {
+        QTest::mouseMove(bar, bar->actionGeometry(item).center());
+        QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier,
+                          bar->actionGeometry(item).center());
+        QTest::keyClick(item->menu(), Qt::Key_Down);
+        QVERIFY(item->menu()->activeAction());
+        QTest::keyClick(item->menu(), Qt::Key_Escape);
+    }
+    QCOMPARE(mWindow->statusBar()->currentMessage(), QString("Connected"));
 }
 
 void tst_MainWindow::smallEnoughForTheDefaultSize()
@@ -338,6 +443,7 @@ void tst_MainWindow::storedSizeThatIsNone_data()
     QTest::newRow("negative") << QByteArray("size=@Size(-5 -5)");
     QTest::newRow("zero") << QByteArray("size=@Size(0 0)");
     QTest::newRow("broken variant") << QByteArray("size=@Variant(rubbish)");
+    QTest::newRow("huge") << QByteArray("size=@Size(2000000 2000000)");
 }
 
 void tst_MainWindow::storedSizeThatIsNone()
