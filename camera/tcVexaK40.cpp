@@ -12,6 +12,7 @@
 #include "camera/tcLogView.h"
 #include "camera/tcReceiver.h"
 #include "camera/tcSensorMonitor.h"
+#include "camlink/logic/tcScriptFile.h"
 #include "camlink/logic/tcWireCommand.h"
 #include "ui_VexaK40.h"
 #include "widgets/tcDialogs.h"
@@ -19,7 +20,6 @@
 
 #include <QDateTime>
 #include <QDebug>
-#include <QFile>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QPointer>
@@ -39,8 +39,7 @@ constexpr quint32 cFileTimeoutMs = 1000;
 constexpr int cDefaultLength = 5000;
 constexpr int cHiddenHexMs = 200;
 constexpr int cLedSize = 8;
-constexpr int cLastReplyLines = 3;                   ///< two and the frame around them
-constexpr qint64 cMaxScriptBytes = 64 * 1024 * 1024; ///< more is no script
+constexpr int cLastReplyLines = 3; ///< two and the frame around them
 
 QString traceTime()
 {
@@ -50,19 +49,6 @@ QString traceTime()
 QString keepAliveCommand()
 {
     return QStringLiteral("<TEMP 0>");
-}
-
-/// The file's bytes up to its first NUL; nothing when it can't be read or is no script.
-std::optional<QByteArray> scriptOf(const QString& acFileName)
-{
-    QFile file(acFileName);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-        return std::nullopt;
-    QByteArray script = file.read(cMaxScriptBytes + 1);
-    if (script.size() > cMaxScriptBytes)
-        return std::nullopt;
-    const int nul = script.indexOf('\0');
-    return nul < 0 ? script : script.left(nul);
 }
 
 } // namespace
@@ -307,7 +293,7 @@ void tcVexaK40::SendFile()
     // While the operator chose, the camera may have fallen silent and the port been closed.
     if (!alive || fileName.isEmpty() || mSerialRef == 0)
         return;
-    if (const std::optional<QByteArray> script = scriptOf(fileName))
+    if (const std::optional<QByteArray> script = tcScriptFile::read(fileName))
         tcSerialLink::write(mSerialRef, *script, cFileTimeoutMs);
 }
 

@@ -1,11 +1,10 @@
 #include "camlink/tcBasicPanel.h"
 
+#include "camlink/logic/tcScriptFile.h"
 #include "camlink/logic/tcWireCommand.h"
 #include "widgets/tcDialogs.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QFile>
 
 namespace
 {
@@ -18,12 +17,6 @@ constexpr quint32 cFileTimeoutMs = 1000;
 constexpr int cDrainSliceMs = 50;
 constexpr int cMostSent = 1000; ///< typed commands that the arrow keys bring back
 constexpr int cEmptyReads = 2;  ///< a driver may succeed with nothing; it won't keep the window
-
-/// Both panels show the same words, so they share one translation.
-QString text(const char* acText)
-{
-    return QCoreApplication::translate("tcBasicPanel", acText);
-}
 
 } // namespace
 
@@ -46,7 +39,7 @@ void tcBasicPanel::openPort(tcSerialLink::tcRef aRef)
     if (tcSerialLink::setBaudRate(mSerialRef) == 0)
         mRxTimer.start();
     else
-        showText(text("Unable to set baud rate!"));
+        showText(tr("Unable to set baud rate!"));
 }
 
 void tcBasicPanel::closePort()
@@ -99,15 +92,12 @@ void tcBasicPanel::sendChosenFile()
 {
     if (mSerialRef == 0)
         return;
-    const QString name = tcDialogs::current().openFile(this, text("Custom Preset File"), {},
-                                                       text("preset files (*.txt)"));
-    QFile file(name);
-    if (name.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Text))
+    const QString name = tcDialogs::current().openFile(this, tr("Custom Preset File"), {},
+                                                       tr("preset files (*.txt)"));
+    if (name.isEmpty() || mSerialRef == 0) // the port may have been closed behind the dialog
         return;
-    QByteArray script = file.readAll();
-    script.truncate(static_cast<int>(qstrnlen(script.constData(), uint(script.size()))));
-    if (mSerialRef != 0) // the port may have been closed behind the dialog
-        tcSerialLink::write(mSerialRef, script, cFileTimeoutMs);
+    if (const std::optional<QByteArray> script = tcScriptFile::read(name))
+        tcSerialLink::write(mSerialRef, *script, cFileTimeoutMs);
 }
 
 void tcBasicPanel::showText(const QString& acText)

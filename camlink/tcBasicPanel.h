@@ -6,6 +6,7 @@
 #include "widgets/tcReplyView.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -17,6 +18,8 @@
 /// Without a meta-object of its own: the slots belong to each panel.
 class tcBasicPanel : public tcCamlinkIface
 {
+    Q_DECLARE_TR_FUNCTIONS(tcBasicPanel) // both panels show the same words
+
 public:
     void openPort(tcSerialLink::tcRef aRef) override;
     void closePort() override;

@@ -1624,4 +1624,19 @@
         <translation>%1 bis %2 (%3)</translation>
     </message>
 </context>
+<context>
+    <name>tcBasicPanel</name>
+    <message>
+        <source>Unable to set baud rate!</source>
+        <translation>Baudrate lässt sich nicht setzen!</translation>
+    </message>
+    <message>
+        <source>Custom Preset File</source>
+        <translation>Eigene Voreinstellungsdatei</translation>
+    </message>
+    <message>
+        <source>preset files (*.txt)</source>
+        <translation>Voreinstellungsdateien (*.txt)</translation>
+    </message>
+</context>
 </TS>

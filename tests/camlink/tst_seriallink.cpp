@@ -26,6 +26,7 @@ private Q_SLOTS:
     void openHandsTheReference();
     void openRefused_data();
     void openRefused();
+    void openedWithoutAReferenceIsNotOpen();
     void closedReferenceZeroIsNotPassedOn();
     void baudRateIsTheStandardsCode();
     void readAsksForWhatItWasTold();
@@ -149,6 +150,14 @@ void tst_SerialLink::openRefused()
     mFake.failing["clSerialInit"] = status;
     const auto port = tcSerialLink::open(0);
     QCOMPARE(port.status, status);
+    QCOMPARE(port.ref, tcSerialLink::tcRef(0));
+}
+
+void tst_SerialLink::openedWithoutAReferenceIsNotOpen()
+{
+    mFake.openWithoutRef = true;
+    const auto port = tcSerialLink::open(0);
+    QCOMPARE(port.status, -10006);
     QCOMPARE(port.ref, tcSerialLink::tcRef(0));
 }
 

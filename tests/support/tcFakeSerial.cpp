@@ -99,6 +99,9 @@ qint32 tcFakeSerial::init(quint32 anIndex, void** apRef)
     const qint32 status = enter({"clSerialInit", 0, anIndex, 0, {}}, false);
     if (status != CL_ERR_NO_ERR)
         return status;
+    *apRef = nullptr;
+    if (openWithoutRef)
+        return CL_ERR_NO_ERR;
     mNextRef += 0x10;
     mOpen.append(mNextRef);
     *apRef = reinterpret_cast<void*>(mNextRef);
@@ -115,8 +118,7 @@ void tcFakeSerial::close(void* apRef)
 qint32 tcFakeSerial::setBaudRate(void* apRef, quint32 anCode)
 {
     const qint32 status = enter({"clSetBaudRate", number(apRef), anCode, 0, {}}, true);
-    if (status == CL_ERR_NO_ERR)
-        mBaudSet.append(number(apRef));
+    mBaudSet.append(number(apRef)); // refused or not, the caller did his part
     return status;
 }
 

@@ -44,6 +44,7 @@ public:
     std::optional<quint32> portCount; ///< said instead of the number of ports
     teTimeout timeout = teTimeout::Partial;
     qint32 partialStatus = -10004; ///< of a partial read: time-out, or 0 with some libraries
+    bool openWithoutRef = false;   ///< an opening succeeds and hands over nothing
     std::optional<quint32> availableCount;  ///< said instead of what waits
     std::optional<quint32> claimedReadSize; ///< size handed back by a read, whatever was copied
     std::optional<quint32> shortWrite;      ///< size handed back by a write
@@ -67,7 +68,7 @@ public:
     QList<tcCall> callsOf(const QByteArray& acFunction) const;
     QList<QByteArray> writes() const;
     int openRefs() const { return mOpen.size(); }
-    QStringList misuse; ///< wrong references, other threads, reads before the baud rate
+    QStringList misuse; ///< wrong references, other threads, talk before any baud rate
 
     // What the exported functions do.
     qint32 enter(const tcCall& acCall, bool abNeedsRef);
