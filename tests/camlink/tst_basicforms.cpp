@@ -8,6 +8,7 @@
 #include <QPlainTextEdit>
 #include <QSpinBox>
 #include <QTest>
+#include <QVBoxLayout>
 
 #include <memory>
 
@@ -139,18 +140,32 @@ void tst_BasicForms::hiddenGroups()
     QVERIFY(child<QGroupBox>("ROIGroupBox")->isHidden());
 }
 
+/// Names of the widgets as they follow each other in the layout and in those inside it.
+static QStringList namesIn(const QLayout* apLayout)
+{
+    QStringList names;
+    for (int index = 0; index < apLayout->count(); ++index) {
+        QLayoutItem* item = apLayout->itemAt(index);
+        if (item->layout())
+            names += namesIn(item->layout());
+        else if (item->widget())
+            names.append(item->widget()->objectName());
+        if (item->widget() && item->widget()->layout())
+            names += namesIn(item->widget()->layout());
+    }
+    return names;
+}
+
 void tst_BasicForms::widgetsFromTopToBottom()
 {
-    mPanel->show();
-    QVERIFY(QTest::qWaitForWindowExposed(mPanel.get()));
-    // Rows of the form, each beginning where the one above ends.
-    const char* const rows[] = {"presetsCB", "CommandLE", "PortRespPTE"};
-    int bottom = 0;
-    for (const char* name : rows) {
-        const QRect place = child<QWidget>(name)->geometry();
-        QVERIFY2(place.top() > bottom, name);
-        bottom = place.bottom();
-    }
+    QVERIFY(qobject_cast<QVBoxLayout*>(mPanel->layout()));
+    QCOMPARE(namesIn(mPanel->layout()),
+             (QStringList{"label",           "presetsCB",   "SendPresetPB",    "SendCustomPB",
+                          "TimingGroupBox",  "label_6",     "exposureSpinBox", "label_5",
+                          "intervalSpinBox", "ROIGroupBox", "label_2",         "startRow",
+                          "label_3",         "endRow",      "label_4",         "startCol",
+                          "label_8",         "endCol",      "CommandLE",       "SendCommandPB",
+                          "PortRespPTE"}));
 }
 
 void tst_BasicForms::labelsOfRegionAreWide()

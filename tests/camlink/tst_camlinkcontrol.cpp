@@ -31,6 +31,7 @@ private Q_SLOTS:
 
     void signalsAndSlotsInTheirOrder();
     void formTexts();
+    void formLayout();
     void camerasInTheirOrder();
     void firstCameraIsChosen();
     void pagesFollowTheCamera();
@@ -144,6 +145,22 @@ void tst_CamlinkControl::formTexts()
     QVERIFY(child<QHBoxLayout>("horizontalLayout"));
     QVERIFY(child<QWidget>("page"));
     QVERIFY(child<QWidget>("page_2"));
+}
+
+void tst_CamlinkControl::formLayout()
+{
+    const auto* grid = child<QGridLayout>("gridLayout");
+    const auto* ports = child<QHBoxLayout>("horizontalLayout");
+    QCOMPARE(grid->itemAtPosition(0, 0)->widget(), child<QWidget>("label_2"));
+    QCOMPARE(grid->itemAtPosition(0, 1)->widget(), child<QWidget>("cameraCB"));
+    QCOMPARE(grid->itemAtPosition(1, 0)->widget(), child<QWidget>("label"));
+    QCOMPARE(grid->itemAtPosition(1, 1)->layout(), ports);
+    QCOMPARE(grid->itemAtPosition(2, 0)->widget(), child<QWidget>("controlSW"));
+    QCOMPARE(grid->itemAtPosition(2, 1)->widget(), child<QWidget>("controlSW"));
+    QCOMPARE(grid->count(), 5);
+    QCOMPARE(ports->itemAt(0)->widget(), child<QWidget>("portCB"));
+    QCOMPARE(ports->itemAt(1)->widget(), child<QWidget>("openPB"));
+    QCOMPARE(ports->count(), 2);
 }
 
 void tst_CamlinkControl::camerasInTheirOrder()

@@ -3,6 +3,8 @@
 #include <QImage>
 #include <QTest>
 
+#include <functional>
+
 namespace
 {
 
@@ -22,7 +24,20 @@ QColor lampColor(LedIndicator& arLed)
     return image.pixelColor(image.width() - 3, image.height() - 3);
 }
 
+class tcPaintCount : public QObject
+{
+public:
+    bool eventFilter(QObject*, QEvent* apEvent) override
+    {
+        count += apEvent->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+};
+
 } // namespace
+
+Q_DECLARE_METATYPE(std::function<void(LedIndicator&)>)
 
 class tst_LedIndicator : public QObject
 {
@@ -38,6 +53,9 @@ private Q_SLOTS:
     void sizeFollowsTheDiameter();
     void circleStartsAtTheCentre();
     void circleIsAsLargeAsItsDiameter();
+    void outlineIsThePaintersOwn();
+    void everyChangeRepaints_data();
+    void everyChangeRepaints();
 };
 
 void tst_LedIndicator::newLampIsOffAndRed()
@@ -132,6 +150,42 @@ void tst_LedIndicator::circleIsAsLargeAsItsDiameter()
     // 18 x 18: the circle's box is 9..17, its middle 13.
     QCOMPARE(image.pixelColor(13, 13), QColor(Qt::red));
     QVERIFY(image.pixelColor(17, 9) != QColor(Qt::red));
+    QVERIFY(image.pixelColor(17, 17) != QColor(Qt::red)); // a larger one would reach there
+}
+
+void tst_LedIndicator::outlineIsThePaintersOwn()
+{
+    LedIndicator led;
+    led.setLedSize(8);
+    const QImage image = picture(led);
+    for (const QPoint side : {QPoint(9, 13), QPoint(13, 9), QPoint(17, 13), QPoint(13, 17)})
+        QCOMPARE(image.pixelColor(side), QColor(Qt::black));
+}
+
+void tst_LedIndicator::everyChangeRepaints_data()
+{
+    QTest::addColumn<std::function<void(LedIndicator&)>>("change");
+    const auto row = [](const char* acName, std::function<void(LedIndicator&)> aChange) {
+        QTest::newRow(acName) << std::move(aChange);
+    };
+    row("slot", [](LedIndicator& arLed) { arLed.switchLedIndicator(); });
+    row("toggle", [](LedIndicator& arLed) { arLed.toggle(); });
+    row("state", [](LedIndicator& arLed) { arLed.setState(true); });
+    row("off colour", [](LedIndicator& arLed) { arLed.setOffColor(Qt::gray); });
+    row("size", [](LedIndicator& arLed) { arLed.setLedSize(8); });
+}
+
+void tst_LedIndicator::everyChangeRepaints()
+{
+    QFETCH(std::function<void(LedIndicator&)>, change);
+    LedIndicator led;
+    led.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&led));
+    QCoreApplication::processEvents();
+    tcPaintCount paints;
+    led.installEventFilter(&paints);
+    change(led);
+    QTRY_VERIFY(paints.count > 0);
 }
 
 QTEST_MAIN(tst_LedIndicator)
