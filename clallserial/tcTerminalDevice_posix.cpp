@@ -42,12 +42,8 @@ public:
 
     ~tcTerminalDevice() override
     {
-        int waiting = 0;
-        for (int ms = 0; ms < cLeaveMs && ioctl(mFile, TIOCOUTQ, &waiting) == 0 && waiting > 0;
-             ++ms)
-            usleep(1000);
-        tcflush(mFile, TCIOFLUSH); // else the system might wait for half a minute
-        ioctl(mFile, TIOCNXCL);
+        if (mOurs)
+            letGo();
         close(mFile);
     }
 
@@ -55,8 +51,8 @@ public:
     bool setUp()
     {
         termios settings{};
-        if (flock(mFile, LOCK_EX | LOCK_NB) != 0 || tcgetattr(mFile, &settings) != 0
-            || ioctl(mFile, TIOCEXCL) != 0)
+        mOurs = flock(mFile, LOCK_EX | LOCK_NB) == 0;
+        if (!mOurs || tcgetattr(mFile, &settings) != 0 || ioctl(mFile, TIOCEXCL) != 0)
             return false;
         cfmakeraw(&settings);
         settings.c_cflag |= CLOCAL | CREAD;
@@ -113,7 +109,18 @@ private:
         return anError == EAGAIN || anError == EWOULDBLOCK || anError == EINTR;
     }
 
-    int mFile; ///< owned
+    void letGo()
+    {
+        int waiting = 0;
+        for (int ms = 0; ms < cLeaveMs && ioctl(mFile, TIOCOUTQ, &waiting) == 0 && waiting > 0;
+             ++ms)
+            usleep(1000);
+        tcflush(mFile, TCIOFLUSH); // else the system might wait for half a minute
+        ioctl(mFile, TIOCNXCL);
+    }
+
+    int mFile;          ///< owned
+    bool mOurs = false; ///< else another program's, whose bytes are none of our business
 };
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "clallserial/tcHostDevice.h"
 #include "clallserial/tcHostPortBackend.h"
 #include "sim/camera/tcPseudoTerminal.h"
 
@@ -24,6 +25,7 @@ private Q_SLOTS:
     void cannotBeOpened_data();
     void cannotBeOpened();
     void inUse();
+    void refusedOpeningLeavesTheUserAlone();
     void bytesPassAsTheyAre();
     void strictTimeout();
     void partialTimeout();
@@ -138,6 +140,15 @@ void tst_HostPort::inUse()
     int32_t status = 0;
     QVERIFY(!backend.open(mFarEnd->path(), status));
     QCOMPARE(status, CL_ERR_PORT_IN_USE);
+}
+
+void tst_HostPort::refusedOpeningLeavesTheUserAlone()
+{
+    const auto port = open();
+    arrive("reply");
+    for (int attempt = 0; attempt < 3; ++attempt)
+        QVERIFY(!tcHostDevices::openTerminal(mFarEnd->path()));
+    awaitBytes(*port, 5);
 }
 
 /// Every byte value in both directions: nothing is translated, echoed or taken for a signal.
