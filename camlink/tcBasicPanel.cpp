@@ -53,6 +53,7 @@ void tcBasicPanel::drainReceived()
     const tcSerialLink::tcAvailable available = tcSerialLink::bytesAvailable(mSerialRef);
     if (available.status != 0 || available.bytes == 0)
         return;
+    const bool following = mResponsePTE->isCursorInSight();
     QElapsedTimer slice;
     slice.start();
     int emptyReads = 0;
@@ -61,10 +62,13 @@ void tcBasicPanel::drainReceived()
         block = tcSerialLink::read(mSerialRef, cReadBlock, cReadTimeoutMs);
         // A block cut short by the time-out still carries the end of a reply.
         if (!block.bytes.isEmpty())
-            showText(mReceived.append(block.bytes));
+            insertText(mReceived.append(block.bytes));
         emptyReads = block.bytes.isEmpty() ? emptyReads + 1 : 0;
     } while (block.status == 0 && emptyReads < cEmptyReads && mSerialRef != 0
              && slice.elapsed() < cDrainSliceMs);
+    // Whoever scrolled back to read is left there.
+    if (following)
+        mResponsePTE->ensureCursorVisible();
 }
 
 void tcBasicPanel::sendTypedCommand()
@@ -101,6 +105,14 @@ void tcBasicPanel::sendChosenFile()
 }
 
 void tcBasicPanel::showText(const QString& acText)
+{
+    const bool following = mResponsePTE->isCursorInSight();
+    insertText(acText);
+    if (following)
+        mResponsePTE->ensureCursorVisible();
+}
+
+void tcBasicPanel::insertText(const QString& acText)
 {
     // As designed: at the cursor, so whoever clicks into the view sees later replies there.
     mResponsePTE->insertPlainText(acText);

@@ -40,6 +40,7 @@ protected:
     void sendTypedCommand();
     void sendChosenPreset();
     void sendChosenFile();
+    /// The view follows, as it does for replies, while its cursor is in sight.
     void showText(const QString& acText);
     /// Reads what waits, 128 bytes at a time, and shows it. Leaves after a time slice even if
     /// bytes keep coming; the next tick goes on.
@@ -47,6 +48,7 @@ protected:
 
 private:
     void fillPresets();
+    void insertText(const QString& acText);
 
     tcPresetTable mPresets;
     QTimer mRxTimer{this}; ///< runs while a port is open and its baud rate is set

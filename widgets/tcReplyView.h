@@ -29,6 +29,9 @@ public:
     /// first one.
     static void installShortcuts(QWidget* apPanel, const QList<tcReplyView*>& acViews);
 
+    /// Whether a reply that is now inserted at the cursor would be seen.
+    bool isCursorInSight() const { return viewport()->rect().intersects(cursorRect()); }
+
     void beginFind();
     void findNext() { findFrom(false); }
     void findPrevious() { findFrom(true); }

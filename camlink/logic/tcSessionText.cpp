@@ -1,5 +1,7 @@
 #include "camlink/logic/tcSessionText.h"
 
+#include <utility>
+
 namespace
 {
 
@@ -36,27 +38,6 @@ QByteArray escaped(const QByteArray& acBytes)
             text.append("\\x").append(QByteArray(1, byte).toHex());
     }
     return text;
-}
-
-QByteArray unescaped(const QByteArray& acText)
-{
-    QByteArray bytes;
-    for (int at = 0; at < acText.size(); ++at) {
-        if (acText.at(at) != '\\' || at + 1 == acText.size()) {
-            bytes.append(acText.at(at));
-            continue;
-        }
-        const char letter = acText.at(++at);
-        if (letter == 'x') {
-            bytes.append(QByteArray::fromHex(acText.mid(at + 1, 2)));
-            at += 2;
-        }
-        for (const auto& row : cShort) {
-            if (row.letter == letter)
-                bytes.append(row.byte);
-        }
-    }
-    return bytes;
 }
 
 QByteArray sent(const QDateTime& acWhen, const QByteArray& acBytes)

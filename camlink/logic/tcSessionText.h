@@ -12,9 +12,8 @@ namespace tcSessionText
 {
 
 /// Printable ASCII as it is; a backslash doubled; line ends and tabs as \r, \n, \t; every other
-/// byte as \x and two digits. unescaped() makes the bytes of it again.
+/// byte as \x and two digits. Nothing is lost: the bytes can be had back from it.
 QByteArray escaped(const QByteArray& acBytes);
-QByteArray unescaped(const QByteArray& acText);
 
 QByteArray sent(const QDateTime& acWhen, const QByteArray& acBytes);
 QByteArray received(const QDateTime& acWhen, const QByteArray& acBytes);

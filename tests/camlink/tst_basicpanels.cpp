@@ -8,6 +8,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -46,6 +47,8 @@ private Q_SLOTS:
     void strictDriverKeepsTheTailQueued();
     void replySplitAtEveryPosition();
     void repliesGoWhereTheCursorIs();
+    void newestReplyIsInSight();
+    void whoScrolledBackIsLeftThere();
     void messagesGoWhereTheCursorIs();
     void failingCountReadsNothing();
     void failingReadEndsTheDrain();
@@ -62,6 +65,7 @@ private:
     void open();
     void tick();
     QString shown() const;
+    QScrollBar* filledView();
     const tcPanelUnderTest& kind() const;
 
     tcFakeSerial& mFake = tcFakeSerial::instance();
@@ -363,6 +367,37 @@ void tst_BasicPanels::repliesGoWhereTheCursorIs()
     mFake.receive("middle ");
     tick();
     QCOMPARE(shown(), QString("first middle last"));
+}
+
+QScrollBar* tst_BasicPanels::filledView()
+{
+    mPanel->show();
+    open();
+    for (int reply = 0; reply < 100; ++reply) {
+        mFake.receive("<STRT><ACK>\r\n");
+        tick();
+    }
+    return child<QPlainTextEdit>("PortRespPTE")->verticalScrollBar();
+}
+
+void tst_BasicPanels::newestReplyIsInSight()
+{
+    const QScrollBar* bar = filledView();
+    QVERIFY(bar->maximum() > 0);
+    QCOMPARE(bar->value(), bar->maximum());
+    QMetaObject::invokeMethod(mPanel.get(), "addText", Q_ARG(QString, "one\nmore"));
+    QCOMPARE(bar->value(), bar->maximum());
+}
+
+void tst_BasicPanels::whoScrolledBackIsLeftThere()
+{
+    QScrollBar* bar = filledView();
+    bar->setValue(3);
+    mFake.receive("<STOP><ACK>\r\n");
+    tick();
+    QMetaObject::invokeMethod(mPanel.get(), "addText", Q_ARG(QString, "one\nmore"));
+    QVERIFY(shown().endsWith("<STOP><ACK>\none\nmore"));
+    QCOMPARE(bar->value(), 3);
 }
 
 void tst_BasicPanels::messagesGoWhereTheCursorIs()

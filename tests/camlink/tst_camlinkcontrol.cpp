@@ -66,6 +66,7 @@ private Q_SLOTS:
     void closedFromInsideAReply();
 
     void cameraIsStoredAndRestored();
+    void everyPanelStoresAndRestoresItsOwn();
     void unknownCameraKeepsTheFirst_data();
     void unknownCameraKeepsTheFirst();
 
@@ -510,6 +511,30 @@ void tst_CamlinkControl::cameraIsStoredAndRestored()
     QCOMPARE(cameras()->currentIndex(), 5);
     QCOMPARE(pages()->currentIndex(), 5);
     QCOMPARE(settings.group(), QString());
+}
+
+void tst_CamlinkControl::everyPanelStoresAndRestoresItsOwn()
+{
+    // The full panels keep their history, each in a group of its own; the basic ones nothing.
+    QTemporaryDir folder;
+    QSettings settings(folder.filePath("tarvik.ini"), QSettings::IniFormat);
+    QStringList groups{"panel"};
+    for (int page = 0; page < cCameras.size(); ++page) {
+        if (auto* history = pages()->widget(page)->findChild<QComboBox*>("CommandCB")) {
+            history->addItem(QString("<SEXP %1>").arg(page));
+            groups.append(cCameras.at(page));
+        }
+    }
+    mChooser->saveSettings(&settings);
+    groups.sort();
+    QCOMPARE(settings.childGroups(), groups);
+    QCOMPARE(groups.size(), 7);
+    make();
+    mChooser->loadSettings(&settings);
+    for (int page = 0; page < cCameras.size(); ++page) {
+        if (const auto* history = pages()->widget(page)->findChild<QComboBox*>("CommandCB"))
+            QCOMPARE(history->itemText(0), QString("<SEXP %1>").arg(page));
+    }
 }
 
 void tst_CamlinkControl::unknownCameraKeepsTheFirst_data()
