@@ -24,6 +24,11 @@ tcCommandCompleter::tcCommandCompleter(QComboBox* apHistory)
     QLineEdit* line = mHistory->lineEdit();
     setWidget(line);
     connect(line, &QLineEdit::textEdited, this, &tcCommandCompleter::offer);
+    // Sent by a shortcut, which the list does not end for.
+    connect(line, &QLineEdit::textChanged, this, [this](const QString& acText) {
+        if (acText.isEmpty() && mPopup)
+            mPopup->hide();
+    });
     connect(this, qOverload<const QString&>(&QCompleter::activated), line, &QLineEdit::setText);
 }
 

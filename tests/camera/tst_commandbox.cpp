@@ -26,6 +26,7 @@ private Q_SLOTS:
     void escapeClears();
     void historyAndHelpAreOffered();
     void whatIsTypedIsSentWhateverIsOffered();
+    void shortcutSendsPastWhatIsOffered();
     void chosenOfferFillsTheLineOnly();
     void nothingIsOfferedForNothing();
     void hugeHistory();
@@ -131,6 +132,16 @@ void tst_CommandBox::whatIsTypedIsSentWhateverIsOffered()
     QVERIFY(offers()->isVisible());
     QTest::keyClick(offers(), Qt::Key_Return);
     QTRY_COMPARE(tcFakeSerial::instance().writes().last(), QByteArray("<SEXP 5>\n"));
+}
+
+void tst_CommandBox::shortcutSendsPastWhatIsOffered()
+{
+    QTest::keyClicks(focus(), "GBPP");
+    QVERIFY(offers()->isVisible());
+    tcFakeSerial::instance().calls.clear();
+    mPanel->SendCommand(); // as Ctrl+Return does
+    QCOMPARE(tcFakeSerial::instance().writes(), QList<QByteArray>{"<GBPP>\n"});
+    QVERIFY(!offers()->isVisible());
 }
 
 void tst_CommandBox::chosenOfferFillsTheLineOnly()
