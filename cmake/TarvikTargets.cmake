@@ -79,7 +79,7 @@ function(tarvik_test_environment name)
     # No system-wide settings: what one run of a test stores there, the next would restore.
     set(environment "HOME=${home}" "XDG_CONFIG_HOME=${home}/.config" "XDG_DATA_HOME=${home}/.local/share"
         "QT_QPA_PLATFORM=offscreen" "LC_ALL=C.UTF-8" "TZ=Europe/Berlin" "QT_LOGGING_RULES="
-        "ASAN_OPTIONS=detect_leaks=1:new_delete_type_mismatch=0"
+        "ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:new_delete_type_mismatch=0"
         "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0"
         "TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/tsan.supp:halt_on_error=1"
         "UBSAN_OPTIONS=print_stacktrace=1")
