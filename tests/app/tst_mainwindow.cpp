@@ -393,9 +393,13 @@ void tst_MainWindow::closingStoresSizeAndCameraOnDisk()
     QFile file(iniFile());
     QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
     const QByteArray text = file.readAll();
-    QVERIFY2(text.contains("[mainwindow]\nposition="), text.constData());
+    // Some systems sort the keys of a group, others keep their order.
+    const int head = text.indexOf("[mainwindow]\n");
+    QVERIFY2(head >= 0, text.constData());
+    const QByteArray group = text.mid(head, text.indexOf("\n[", head) - head + 1);
+    QVERIFY2(group.contains("\nposition=@Point("), text.constData());
+    QVERIFY2(group.contains("\nsize=@Size(900 640)\n"), text.constData());
     QVERIFY2(text.contains("[panel]\ncamera=Vexa-R70"), text.constData());
-    QVERIFY2(text.contains("\nsize=@Size(900 640)\n"), text.constData());
 }
 
 void tst_MainWindow::restartRestoresSizeAndCamera()

@@ -530,6 +530,8 @@ private Q_SLOTS:
     void pictureFollowsTheSuffix()
     {
         QFETCH(QString, name);
+        if (name == "a.jpg" && !QImageReader::supportedImageFormats().contains("jpeg"))
+            QSKIP("This computer's Qt writes no such pictures.");
         chart().savePicture(mProbe->path(name.toLatin1().constData()));
         QTEST(QImageReader::imageFormat(mProbe->path(name.toLatin1().constData())), "format");
     }
@@ -553,8 +555,6 @@ private Q_SLOTS:
         QCOMPARE(warnings.first().text, "Error trying to save\n" + path);
         QVERIFY(!QFile::exists(path));
     }
-
-    // ---- the whole way
 
     void loggedChartLoadsBackValueByValue()
     {
