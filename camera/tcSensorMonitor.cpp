@@ -65,6 +65,10 @@ tcSensorMonitor::~tcSensorMonitor()
     if (mChart)
         mChart->hide();
     stopSources();
+    // Destroyed while they were being stopped, some are left. They stop as they go, in which
+    // events run: what is on its way still finds a chart, and a click is still ignored.
+    mStopping = true;
+    qDeleteAll(findChildren<tcDataSource*>(QString(), Qt::FindDirectChildrenOnly));
 }
 
 void tcSensorMonitor::setUpList()

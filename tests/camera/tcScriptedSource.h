@@ -18,7 +18,12 @@ public:
     {
         living.append(this);
     }
-    ~tcScriptedSource() override { living.removeAll(this); }
+    ~tcScriptedSource() override
+    {
+        living.removeAll(this);
+        if (whileGoing)
+            whileGoing();
+    }
 
     QStringList availableChannels() override { return {}; }
     QString displayName() override { return name; }
@@ -45,4 +50,5 @@ public:
     int stops = 0;
     static inline QList<tcScriptedSource*> living;
     static inline std::function<void()> whileStopping;
+    static inline std::function<void()> whileGoing; ///< as real ones do, which stop then
 };

@@ -7,6 +7,7 @@
 #include "tests/support/tcScriptedDialogs.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
@@ -18,6 +19,7 @@
 #include <qwt_plot.h>
 
 #include <memory>
+#include <thread>
 
 namespace
 {
@@ -65,6 +67,7 @@ private Q_SLOTS:
     void stoppingStopsAndDeletesSources();
     void clickWhileSourcesStopIsIgnored();
     void goneWhileSourcesStop();
+    void goneWhileReadingsAreOnTheirWay();
     void goneWhilePlotting();
 
 private:
@@ -116,6 +119,7 @@ void tst_SensorMonitor::make()
 void tst_SensorMonitor::cleanup()
 {
     tcScriptedSource::whileStopping = nullptr;
+    tcScriptedSource::whileGoing = nullptr;
     mCommands.reset();
     mMonitor.reset();
     mPanel.reset();
@@ -508,6 +512,38 @@ void tst_SensorMonitor::goneWhileSourcesStop()
     click(false);
     tcScriptedSource::whileStopping = nullptr;
     QTRY_VERIFY(tcScriptedSource::living.isEmpty());
+}
+
+/// Sources that are left stop as they go, and events run meanwhile.
+void tst_SensorMonitor::goneWhileReadingsAreOnTheirWay()
+{
+    addScripted("one");
+    addScripted("two");
+    click(true);
+    tcScriptedSource* second = tcScriptedSource::living.at(1);
+    const auto charts = [] {
+        int count = 0;
+        for (const QWidget* window : QApplication::topLevelWidgets())
+            count += window->inherits("tcStripChart") ? 1 : 0;
+        return count;
+    };
+    int whileGoing = 0;
+    tcScriptedSource::whileGoing = [&] {
+        QCoreApplication::sendPostedEvents();
+        mPlot->click();
+        whileGoing += charts();
+    };
+    tcScriptedSource::whileStopping = [&] {
+        tcScriptedSource::whileStopping = nullptr;
+        std::thread([second] { Q_EMIT second->tempReading(1000, 1.0); }).join();
+        delete mMonitor.release();
+    };
+    mCommands.reset();
+    click(false);
+    tcScriptedSource::whileGoing = nullptr;
+    QVERIFY(tcScriptedSource::living.isEmpty());
+    QCOMPARE(whileGoing, 2); // the chart was still there for both
+    QCOMPARE(charts(), 0);   // and none was made for what came too late
 }
 
 void tst_SensorMonitor::goneWhilePlotting()
