@@ -1,5 +1,6 @@
 #include "stripchart/logic/tcColumnReduction.h"
 
+#include "stripchart/logic/tcColumnReader.h"
 #include "stripchart/logic/tcSampleStore.h"
 
 namespace
@@ -51,30 +52,33 @@ void tcColumnReduction::addAscending(const tcSampleStore& acStore, int anFirst, 
 {
     const int from = firstFrom(acStore, anFirst, anEnd, mEarliest, false);
     const int to = firstFrom(acStore, from, anEnd, mLatest, true);
+    const auto addOutside
+        = [&](int anIndex) { addSample(acStore.time(anIndex), acStore.value(anIndex)); };
     if (from - anFirst > 1)
-        addSample(acStore, anFirst);
+        addOutside(anFirst);
     if (from > anFirst)
-        addSample(acStore, from - 1);
+        addOutside(from - 1);
     addVisible(acStore, from, to);
     if (to < anEnd)
-        addSample(acStore, to);
+        addOutside(to);
     if (anEnd - to > 1)
-        addSample(acStore, anEnd - 1);
+        addOutside(anEnd - 1);
 }
 
 void tcColumnReduction::addVisible(const tcSampleStore& acStore, int anFirst, int anEnd)
 {
+    tcColumnReader times(acStore.times());
+    tcColumnReader values(acStore.values());
     while (anFirst < anEnd) {
         const int gap = std::min(acStore.nextGap(anFirst), anEnd);
         if (gap > anFirst) {
             const int count = gap - anFirst;
-            const int width
-                = std::abs(mX.at(acStore.time(gap - 1)) - mX.at(acStore.time(anFirst))) + 1;
+            const int width = std::abs(mX.at(times.at(gap - 1)) - mX.at(times.at(anFirst))) + 1;
             if (count / cPlainPerPixel > width) {
-                addDense(acStore, anFirst, gap);
+                addDense(times, values, anFirst, gap);
             } else {
                 for (int i = anFirst; i < gap; ++i)
-                    addSample(acStore, i);
+                    addSample(times.at(i), values.at(i));
             }
         }
         if (gap < anEnd)
@@ -83,28 +87,38 @@ void tcColumnReduction::addVisible(const tcSampleStore& acStore, int anFirst, in
     }
 }
 
-void tcColumnReduction::addDense(const tcSampleStore& acStore, int anFirst, int anEnd)
+void tcColumnReduction::addDense(tcColumnReader& arTimes, tcColumnReader& arValues, int anFirst,
+                                 int anEnd)
 {
     int guess = cPlainPerPixel;
     while (anFirst < anEnd) {
-        const int x = mX.at(acStore.time(anFirst));
-        const int end = columnEnd(acStore, x, anFirst, anEnd, guess);
-        const tcExtent extent = acStore.values().extent(anFirst, end - anFirst);
-        const int low = mY.at(extent.lowest);
-        const int high = mY.at(extent.highest);
-        put({x, mY.at(acStore.value(anFirst)), std::min(low, high), std::max(low, high),
-             mY.at(acStore.value(end - 1)), mJoined});
+        const int x = mX.at(arTimes.at(anFirst));
+        const int end = columnEnd(arTimes, x, anFirst, anEnd, guess);
         guess = end - anFirst;
+        // On the way from memory while this column is summed up.
+        arTimes.expect(end + guess);
+        arValues.expectExtent(end + guess);
+        addColumn(arValues, x, anFirst, end);
         anFirst = end;
     }
 }
 
+void tcColumnReduction::addColumn(tcColumnReader& arValues, int anX, int anFirst, int anEnd)
+{
+    const double last = arValues.at(anEnd - 1);
+    const double first = arValues.at(anFirst);
+    const tcExtent extent = arValues.extent(anFirst, anEnd);
+    const int low = mY.at(extent.lowest);
+    const int high = mY.at(extent.highest);
+    put({anX, mY.at(first), std::min(low, high), std::max(low, high), mY.at(last), mJoined});
+}
+
 /// End of the samples in the first one's pixel column anX. Columns of a steady feed hold about
 /// the same number, so the search starts where the last one ended.
-int tcColumnReduction::columnEnd(const tcSampleStore& acStore, int anX, int anFirst, int anEnd,
+int tcColumnReduction::columnEnd(tcColumnReader& arTimes, int anX, int anFirst, int anEnd,
                                  int anGuess) const
 {
-    const auto inside = [&](int anIndex) { return mX.at(acStore.time(anIndex)) == anX; };
+    const auto inside = [&](int anIndex) { return mX.at(arTimes.at(anIndex)) == anX; };
     int low = anFirst;                             // inside
     int high = std::min(anFirst + anGuess, anEnd); // outside, once the loops below are done
     int step = 1;
@@ -128,16 +142,14 @@ int tcColumnReduction::columnEnd(const tcSampleStore& acStore, int anX, int anFi
     return high;
 }
 
-void tcColumnReduction::addSample(const tcSampleStore& acStore, int anIndex)
+void tcColumnReduction::addSample(double anTime, double anValue)
 {
-    const double time = acStore.time(anIndex);
-    const double value = acStore.value(anIndex);
-    if (!std::isfinite(time) || !std::isfinite(value)) {
+    if (!std::isfinite(anTime) || !std::isfinite(anValue)) {
         mJoined = false;
         return;
     }
-    const int y = mY.at(value);
-    put({mX.at(time), y, y, y, y, mJoined});
+    const int y = mY.at(anValue);
+    put({mX.at(anTime), y, y, y, y, mJoined});
 }
 
 void tcColumnReduction::put(const tcPixelColumn& acColumn)

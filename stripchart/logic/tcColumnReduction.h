@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+class tcColumnReader;
 class tcSampleStore;
 
 /// A linear scale: where a number lies on the canvas, in whole pixels.
@@ -18,11 +19,12 @@ struct tcPixelMap
     int at(double anNumber) const
     {
         const double place = pixel + (anNumber - number) * factor + 0.5;
+        // Where canvases are, cutting off is rounding down.
+        if (place >= 0.0 && place < cFarthest)
+            return static_cast<int>(place);
         if (!(place > -cFarthest))
             return static_cast<int>(-cFarthest);
-        // Cheaper than asking the library for the floor.
-        const int whole = static_cast<int>(std::min(place, cFarthest));
-        return whole - (whole > place ? 1 : 0);
+        return static_cast<int>(std::floor(std::min(place, cFarthest)));
     }
     double numberAt(double anPixel) const { return number + (anPixel - pixel) / factor; }
 
@@ -66,11 +68,11 @@ public:
 private:
     void addAscending(const tcSampleStore& acStore, int anFirst, int anEnd);
     void addVisible(const tcSampleStore& acStore, int anFirst, int anEnd);
-    void addDense(const tcSampleStore& acStore, int anFirst, int anEnd);
-    void addSample(const tcSampleStore& acStore, int anIndex);
+    void addDense(tcColumnReader& arTimes, tcColumnReader& arValues, int anFirst, int anEnd);
+    void addColumn(tcColumnReader& arValues, int anX, int anFirst, int anEnd);
+    void addSample(double anTime, double anValue);
     void put(const tcPixelColumn& acColumn);
-    int columnEnd(const tcSampleStore& acStore, int anX, int anFirst, int anEnd,
-                  int anGuess) const;
+    int columnEnd(tcColumnReader& arTimes, int anX, int anFirst, int anEnd, int anGuess) const;
 
     tcPixelMap mX;
     tcPixelMap mY;

@@ -7,13 +7,20 @@ void tcSampleColumn::append(double anValue)
         addBlock();
     tcEntry& last = mBlocks.back();
     tcExtent& run = last.block->runs[place / cRunSize];
+    tcExtent& group = last.block->groups[place / cGroupSize];
     if (place % cRunSize == 0)
         run = tcExtent::none();
+    if (place % cGroupSize == 0)
+        group = tcExtent::none();
     last.block->numbers[place] = anValue;
-    run.add(anValue);
-    last.all.add(anValue);
-    if (!std::isfinite(anValue))
+    if (std::isfinite(anValue)) {
+        const tcExtent extent{anValue, anValue};
+        run.unite(extent);
+        group.unite(extent);
+        last.all.unite(extent);
+    } else {
         mGaps.push_back(mDropped + mSize);
+    }
     ++mSize;
 }
 
@@ -91,6 +98,8 @@ void tcSampleColumn::cut(int anCount)
     run = tcExtent::none();
     for (int i = (end - 1) / cRunSize * cRunSize; i < end; ++i)
         run.add(entry.block->numbers[i]);
+    const int group = (end - 1) / cGroupSize;
+    entry.block->groups[group] = within(*entry.block, group * cGroupSize, end, false);
     entry.all = within(*entry.block, 0, end, false);
     turn();
 }
@@ -122,6 +131,24 @@ tcExtent tcSampleColumn::ofFinite(const double* apNumbers, int anCount)
     return even;
 }
 
+tcExtent tcSampleColumn::ofRuns(const tcBlock& acBlock, int anFirst, int anEnd)
+{
+    const auto sum = [](const tcExtent* apExtents, int anFrom, int anTo) {
+        tcExtent result = tcExtent::none();
+        for (int i = anFrom; i < anTo; ++i)
+            result.unite(apExtents[i]);
+        return result;
+    };
+    const int firstGroup = (anFirst + cGroupRuns - 1) / cGroupRuns;
+    const int endGroup = anEnd / cGroupRuns;
+    if (firstGroup >= endGroup)
+        return sum(acBlock.runs, anFirst, anEnd);
+    tcExtent result = sum(acBlock.runs, anFirst, firstGroup * cGroupRuns);
+    result.unite(sum(acBlock.groups, firstGroup, endGroup));
+    result.unite(sum(acBlock.runs, endGroup * cGroupRuns, anEnd));
+    return result;
+}
+
 tcExtent tcSampleColumn::within(const tcBlock& acBlock, int anFirst, int anEnd, bool abFinite)
 {
     const auto numbers = [&](int anFrom, int anTo) {
@@ -137,8 +164,7 @@ tcExtent tcSampleColumn::within(const tcBlock& acBlock, int anFirst, int anEnd, 
     if (firstRun >= endRun)
         return numbers(anFirst, anEnd);
     tcExtent result = numbers(anFirst, firstRun * cRunSize);
-    for (int run = firstRun; run < endRun; ++run)
-        result.unite(acBlock.runs[run]);
+    result.unite(ofRuns(acBlock, firstRun, endRun));
     result.unite(numbers(endRun * cRunSize, anEnd));
     return result;
 }

@@ -34,14 +34,16 @@ struct tcExtent
 
 /// A long row of numbers that grows at its end and shrinks at its start.
 ///
-/// Kept in blocks that never move, each with the extents of its runs of 16 numbers, so that
-/// appending, dropping and the extent of the whole cost the same however long the row is, and
-/// the extent of any stretch is found without looking at every number. Not thread-safe.
+/// Kept in blocks that never move, each with the extents of its runs of 16 numbers and of
+/// groups of 8 runs, so that appending, dropping and the extent of the whole cost the same
+/// however long the row is, and the extent of any stretch is found without looking at every
+/// number. Not thread-safe.
 class tcSampleColumn
 {
 public:
     static constexpr int cBlockSize = 1024;
     static constexpr int cRunSize = 16;
+    static constexpr int cGroupRuns = 8;
 
     int size() const { return mSize; }
     double at(int anIndex) const ///< anIndex in [0, size)
@@ -69,10 +71,15 @@ public:
     std::size_t bytes() const; ///< memory taken, spare blocks included
 
 private:
-    struct tcBlock
+    friend class tcColumnReader;
+    static constexpr int cGroupSize = cGroupRuns * cRunSize;
+
+    /// Begins with a cache line, and so does each of its parts that are read together.
+    struct alignas(64) tcBlock
     {
         double numbers[cBlockSize];
         tcExtent runs[cBlockSize / cRunSize];
+        tcExtent groups[cBlockSize / cGroupSize];
     };
     struct tcEntry
     {
@@ -82,6 +89,7 @@ private:
     };
 
     static tcExtent ofFinite(const double* apNumbers, int anCount);
+    static tcExtent ofRuns(const tcBlock& acBlock, int anFirst, int anEnd);
     /// abFinite: none of the numbers is NaN or infinite, which saves looking.
     static tcExtent within(const tcBlock& acBlock, int anFirst, int anEnd, bool abFinite);
     void addBlock();

@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <random>
 
 namespace
 {
@@ -132,6 +133,48 @@ private Q_SLOTS:
             }
             QCOMPARE(found, 1);
         }
+    }
+
+    void columnsOfAnUnevenFeedAreThoseOfItsSamples_data()
+    {
+        QTest::addColumn<double>("pace"); // samples per pixel
+        QTest::addColumn<bool>("mirrored");
+        for (const double pace : {7.0, 111.4, 1300.0}) {
+            QTest::addRow("%g a pixel", pace) << pace << false;
+            QTest::addRow("%g a pixel, time to the left", pace) << pace << true;
+        }
+    }
+
+    void columnsOfAnUnevenFeedAreThoseOfItsSamples()
+    {
+        QFETCH(double, pace);
+        QFETCH(bool, mirrored);
+        const tcPixelMap x{0.0, mirrored ? double(cRight) : 0.0, mirrored ? -1.0 : 1.0};
+        const tcPixelMap y{0.0, 200.0, -1.0};
+        std::mt19937 random(11);
+        QVector<QPointF> samples;
+        std::vector<tcPixelColumn> expected;
+        double time = 0;
+        while (time < cRight - 1) {
+            // Now and then a pause, or a burst at one time.
+            const auto kind = random() % 1000;
+            time += kind == 0 ? 2.5 : kind < 20 ? 0.0 : double(random() % 2001) / 1000 / pace;
+            const QPointF sample(time, double(random() % 200) + (random() % 400 == 0 ? 90 : 0));
+            samples << sample;
+            const int at = y.at(sample.y());
+            if (expected.empty() || expected.back().x != x.at(time))
+                expected.push_back({x.at(time), at, at, at, at, !expected.empty()});
+            tcPixelColumn& column = expected.back();
+            column.top = std::min(column.top, at);
+            column.bottom = std::max(column.bottom, at);
+            column.last = at;
+        }
+        const tcSampleStore stored = store(samples);
+        tcColumnReduction reduction(x, y, 0, cRight);
+        reduction.add(stored, 0, stored.size());
+        QCOMPARE(reduction.columns().size(), expected.size());
+        for (std::size_t i = 0; i < expected.size(); ++i)
+            QCOMPARE(text(reduction.columns()[i]), text(expected[i]));
     }
 
     void gapInterruptsTheLine_data()

@@ -296,6 +296,32 @@ private Q_SLOTS:
         }
     }
 
+    /// What was summed up of numbers that were cut off must not show.
+    void extentOfAnyStretchAfterACut()
+    {
+        std::mt19937 random(4);
+        for (int round = 0; round < 40; ++round) {
+            tcSampleColumn column;
+            for (int i = 0; i < 2500; ++i)
+                column.append(1e9 + i);
+            const int left = 1 + int(random() % 2400);
+            column.resize(left);
+            std::vector<double> plain;
+            for (int i = 0; i < left; ++i)
+                plain.push_back(1e9 + i);
+            for (int i = int(random() % 300); i > 0; --i) {
+                plain.push_back(double(random() % 1000));
+                column.append(plain.back());
+            }
+            for (int i = 0; i < 20; ++i) {
+                const int first = int(random() % plain.size());
+                const int count = int(random() % (plain.size() - size_t(first) + 1));
+                QVERIFY(same(column.extent(first, count),
+                             tcPlainStore::extent(plain, first, count)));
+            }
+        }
+    }
+
     void agreesWithTwoPlainVectors_data()
     {
         QTest::addColumn<int>("seed");
