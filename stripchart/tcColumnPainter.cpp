@@ -14,11 +14,13 @@ namespace
 /// before the column counts as filled: soft edges hide more than hard ones.
 constexpr int cExcess = 6;
 constexpr int cSoftExcess = 2;
-/// With soft edges a column this high looks the same as a point in its middle.
+/// With soft edges a column this high looks the same as a point in its middle, and up to the
+/// second height a slope looks the same through the middles of its steps.
 constexpr int cFlat = 1;
-/// Bars that are filled together, and how much they must have in common for that.
-constexpr int cGroup = 16;
-constexpr double cWorthwhile = 8.0;
+constexpr int cSlope = 3;
+/// Bars that are filled together, and how many rows they must have in common for that.
+constexpr std::size_t cGroup = 16;
+constexpr int cWorthwhile = 8;
 
 bool touch(const tcPixelColumn& acColumn, const tcPixelColumn& acNext)
 {
@@ -31,17 +33,71 @@ int excess(const tcPixelColumn& acColumn)
     return acColumn.bottom - acColumn.top - std::abs(acColumn.last - acColumn.first);
 }
 
+/// The same ink in rectangles of fewer rows: what those side by side have in common becomes
+/// one, then what stands out of it.
+template <class Rect>
+std::vector<Rect> joined(const std::vector<Rect>& acRects)
+{
+    std::vector<Rect> result;
+    result.reserve(acRects.size() * 2);
+    for (std::size_t first = 0, end = 0; first < acRects.size(); first = end) {
+        auto top = acRects[first].y();
+        auto bottom = top + acRects[first].height();
+        auto left = acRects[first].x();
+        auto right = left;
+        for (end = first; end < acRects.size() && end - first < cGroup; ++end) {
+            const Rect& rect = acRects[end];
+            if (end > first && std::abs(rect.x() - acRects[end - 1].x()) > rect.width())
+                break;
+            top = std::max(top, rect.y());
+            bottom = std::min(bottom, rect.y() + rect.height());
+            left = std::min(left, rect.x());
+            right = std::max(right, rect.x() + rect.width());
+        }
+        if (bottom - top < cWorthwhile) {
+            result.insert(result.end(), acRects.begin() + first, acRects.begin() + end);
+            continue;
+        }
+        result.emplace_back(left, top, right - left, bottom - top);
+        for (; first < end; ++first) {
+            const Rect& rect = acRects[first];
+            const auto low = rect.y() + rect.height();
+            if (rect.y() < top)
+                result.emplace_back(rect.x(), rect.y(), rect.width(), top - rect.y());
+            if (low > bottom)
+                result.emplace_back(rect.x(), bottom, rect.width(), low - bottom);
+        }
+    }
+    return result;
+}
+
+/// Whether the line goes through the column in the direction in which it comes and goes on.
+bool isPassing(const std::vector<tcPixelColumn>& acColumns, std::size_t anIndex)
+{
+    const tcPixelColumn& column = acColumns[anIndex];
+    const int way = column.last - column.first;
+    if (std::abs(way) != column.bottom - column.top || anIndex == 0
+        || anIndex + 1 == acColumns.size())
+        return false;
+    const tcPixelColumn& before = acColumns[anIndex - 1];
+    const tcPixelColumn& after = acColumns[anIndex + 1];
+    const int in = column.first - before.last;
+    const int out = after.first - column.last;
+    return touch(before, column) && touch(column, after)
+        && (way > 0 ? in >= 0 && out >= 0 : in <= 0 && out <= 0);
+}
+
 } // namespace
 
 tcColumnPainter::tcColumnPainter(QPainter& arPainter, const QRectF& acCanvas)
     : mPainter(arPainter)
 {
-    mClip = acCanvas;
+    QRectF clip = acCanvas;
     if (arPainter.hasClipping())
-        mClip &= arPainter.clipBoundingRect();
+        clip &= arPainter.clipBoundingRect();
     const int margin = reach(arPainter);
     // Whole pixels: what is cut off there lies between them.
-    mClip = QRectF(mClip.toAlignedRect().adjusted(-margin, -margin, margin, margin));
+    mClip = clip.toAlignedRect().adjusted(-margin, -margin, margin, margin);
     const QPen& pen = arPainter.pen();
     // Dashes and translucency show where a line runs twice.
     mSolid = pen.isSolid() && pen.style() == Qt::SolidLine
@@ -56,22 +112,30 @@ int tcColumnPainter::reach(const QPainter& acPainter)
     return static_cast<int>(std::ceil(acPainter.pen().widthF())) + 1;
 }
 
-/// A full column alone is a spike, and a line shows it as it is. Bars are for full neighbours.
-bool tcColumnPainter::isBar(const std::vector<tcPixelColumn>& acColumns,
-                            std::size_t anIndex) const
+/// A full column alone is a spike, and a line shows it as it is. Bars are for full neighbours,
+/// and for what lies between two of them.
+void tcColumnPainter::findBars(const std::vector<tcPixelColumn>& acColumns)
 {
-    const tcPixelColumn& column = acColumns[anIndex];
-    if (!mSolid || excess(column) < mFull)
-        return false;
-    if (anIndex > 0 && excess(acColumns[anIndex - 1]) >= mFull
-        && touch(acColumns[anIndex - 1], column))
-        return true;
-    return anIndex + 1 < acColumns.size() && excess(acColumns[anIndex + 1]) >= mFull
-        && touch(column, acColumns[anIndex + 1]);
+    mIsBar.assign(acColumns.size(), 0);
+    if (!mSolid)
+        return;
+    bool before = false; // the column before is full
+    bool gap = false;    // and so is the one before that, at the least
+    for (std::size_t i = 0; i < acColumns.size(); ++i) {
+        const bool full = excess(acColumns[i]) >= mFull;
+        const bool near = i > 0 && touch(acColumns[i - 1], acColumns[i]);
+        if (near && full && before)
+            mIsBar[i - 1] = mIsBar[i] = 1;
+        else if (near && full && gap)
+            mIsBar[i - 2] = mIsBar[i - 1] = mIsBar[i] = 1;
+        gap = near && before && !full;
+        before = full;
+    }
 }
 
 void tcColumnPainter::paint(const std::vector<tcPixelColumn>& acColumns)
 {
+    findBars(acColumns);
     mLine.reserve(acColumns.size() * 2);
     const tcPixelColumn* before = nullptr;
     bool barBefore = false;
@@ -82,11 +146,11 @@ void tcColumnPainter::paint(const std::vector<tcPixelColumn>& acColumns)
             barBefore = false;
             endLine();
         }
-        const bool bar = isBar(acColumns, i);
+        const bool bar = mIsBar[i] != 0;
         if (bar)
             addBar(column, before, barBefore);
         else
-            addLine(column, barBefore ? before : nullptr);
+            addLine(acColumns, i, barBefore);
         before = &column;
         barBefore = bar;
     }
@@ -94,23 +158,26 @@ void tcColumnPainter::paint(const std::vector<tcPixelColumn>& acColumns)
     paintBars();
 }
 
-void tcColumnPainter::addLine(const tcPixelColumn& acColumn, const tcPixelColumn* apBarBefore)
+void tcColumnPainter::addLine(const std::vector<tcPixelColumn>& acColumns, std::size_t anIndex,
+                              bool abBarBefore)
 {
-    if (apBarBefore)
-        addPoint(apBarBefore->x, apBarBefore->last);
-    if (acColumn.top == acColumn.bottom) {
-        addPoint(acColumn.x, acColumn.first);
+    const tcPixelColumn& column = acColumns[anIndex];
+    if (abBarBefore)
+        addPoint(acColumns[anIndex - 1].x, acColumns[anIndex - 1].last);
+    const int height = column.bottom - column.top;
+    if (height == 0) {
+        addPoint(column.x, column.first);
         return;
     }
     const bool simple = mSoft && mSolid;
-    if (simple && acColumn.bottom - acColumn.top <= cFlat) {
-        addPoint(acColumn.x, (acColumn.top + acColumn.bottom) / 2.0);
+    if (simple && (height <= cFlat || (height <= cSlope && isPassing(acColumns, anIndex)))) {
+        addPoint(column.x, (column.top + column.bottom) / 2.0);
         return;
     }
-    addPoint(acColumn.x, acColumn.first);
-    if (!simple || excess(acColumn) >= mFull)
-        addTurns(acColumn);
-    addPoint(acColumn.x, acColumn.last);
+    addPoint(column.x, column.first);
+    if (!simple || excess(column) >= mFull)
+        addTurns(column);
+    addPoint(column.x, column.last);
 }
 
 /// The nearer end first: the way that a line needs at least.
@@ -174,14 +241,15 @@ void tcColumnPainter::addPoint(double anX, double anY)
 void tcColumnPainter::endLine()
 {
     if (mLine.size() > 1) {
-        const auto outside = [this](const QPointF& acPoint) {
-            return acPoint.x() < mClip.left() || acPoint.x() > mClip.right()
-                || acPoint.y() < mClip.top() || acPoint.y() > mClip.bottom();
+        const QRectF clip = mClip;
+        const auto outside = [&clip](const QPointF& acPoint) {
+            return acPoint.x() < clip.left() || acPoint.x() > clip.right()
+                || acPoint.y() < clip.top() || acPoint.y() > clip.bottom();
         };
         if (std::any_of(mLine.begin(), mLine.end(), outside)) {
             QPolygonF line(static_cast<int>(mLine.size()));
             std::copy(mLine.begin(), mLine.end(), line.begin());
-            QwtPainter::drawPolyline(&mPainter, QwtClipper::clipPolygonF(mClip, line, false));
+            QwtPainter::drawPolyline(&mPainter, QwtClipper::clipPolygonF(clip, line, false));
         } else {
             QwtPainter::drawPolyline(&mPainter, mLine.data(), static_cast<int>(mLine.size()));
         }
@@ -189,72 +257,49 @@ void tcColumnPainter::endLine()
     mLine.clear();
 }
 
-/// Where the pen leaves ink that goes up and down from the bar's top to its bottom.
-QRectF tcColumnPainter::inked(const tcBar& acBar) const
+/// Where a pen one pixel wide leaves ink that goes up and down from the bar's top to its
+/// bottom. It lies on the corners between pixels: antialiased it covers half of both its
+/// neighbours, and all of them when drawn over and over.
+void tcColumnPainter::setInk(const tcBar& acBar, QRect& arRect) const
+{
+    const int top = std::max(acBar.top, mClip.y());
+    const int bottom = std::min(acBar.bottom, mClip.y() + mClip.height());
+    if (mSoft)
+        arRect.setRect(acBar.x - 1, top, 2, bottom - top);
+    else
+        arRect.setRect(acBar.x, top, 1, bottom - top + 1);
+}
+
+/// The same for a broad pen. Where its line turns back it ends flat or, at a cut, with a cap:
+/// the middle of both.
+void tcColumnPainter::setInk(const tcBar& acBar, QRectF& arRect) const
 {
     const double width = std::max(mPainter.pen().widthF(), 1.0);
-    // Where a broad line turns back it ends flat or, at a cut, with a cap: the middle of both.
-    const double cap = mThin ? 0.0 : width / 4;
-    const double top = std::max(acBar.top - cap, mClip.top());
-    const double height = std::min(acBar.bottom + cap, mClip.bottom()) - top;
-    if (!mThin)
-        return {acBar.x - width / 2, top, width, height};
-    // A line one pixel wide lies on the corners between pixels: antialiased it covers half of
-    // both its neighbours, and all of them when drawn over and over.
-    if (mSoft)
-        return {acBar.x - 1.0, top, 2.0, height};
-    return {double(acBar.x), top, 1.0, height + 1.0};
+    const double top = std::max<double>(acBar.top - width / 4, mClip.y());
+    const double bottom
+        = std::min<double>(acBar.bottom + width / 4, mClip.y() + mClip.height());
+    arRect.setRect(acBar.x - width / 2, top, width, bottom - top);
+}
+
+/// What bars side by side have in common is filled at once, then what stands out of it.
+template <class Rect>
+std::vector<Rect> tcColumnPainter::barRects() const
+{
+    std::vector<Rect> rects;
+    rects.reserve(mBars.size() * 2);
+    Rect rect;
+    for (const tcBar& bar : mBars) {
+        setInk(bar, rect);
+        if (rect.height() > 0 && rect.x() + rect.width() > mClip.x()
+            && rect.x() < mClip.x() + mClip.width())
+            rects.push_back(rect);
+    }
+    return rects;
 }
 
 void tcColumnPainter::paintBars()
 {
-    std::vector<QRectF> group;
-    for (const tcBar& bar : mBars) {
-        const QRectF rect = inked(bar);
-        if (rect.height() <= 0 || rect.right() <= mClip.left() || rect.left() >= mClip.right())
-            continue;
-        const bool apart
-            = !group.empty() && std::abs(rect.left() - group.back().left()) > rect.width();
-        if (apart || group.size() == cGroup) {
-            addRects(group);
-            group.clear();
-        }
-        group.push_back(rect);
-    }
-    addRects(group);
-    mBars.clear();
-    fillRects();
-}
-
-/// What bars side by side have in common is filled at once, then what stands out of it.
-void tcColumnPainter::addRects(const std::vector<QRectF>& acBars)
-{
-    if (acBars.empty())
-        return;
-    QRectF all = acBars.front();
-    double top = all.top();
-    double bottom = all.bottom();
-    for (const QRectF& bar : acBars) {
-        all |= bar;
-        top = std::max(top, bar.top());
-        bottom = std::min(bottom, bar.bottom());
-    }
-    if (bottom - top < cWorthwhile) {
-        mRects.insert(mRects.end(), acBars.begin(), acBars.end());
-        return;
-    }
-    mRects.emplace_back(all.left(), top, all.width(), bottom - top);
-    for (const QRectF& bar : acBars) {
-        if (bar.top() < top)
-            mRects.emplace_back(bar.left(), bar.top(), bar.width(), top - bar.top());
-        if (bar.bottom() > bottom)
-            mRects.emplace_back(bar.left(), bottom, bar.width(), bar.bottom() - bottom);
-    }
-}
-
-void tcColumnPainter::fillRects()
-{
-    if (mRects.empty())
+    if (mBars.empty())
         return;
     const QPen pen = mPainter.pen();
     const QBrush brush = mPainter.brush();
@@ -262,20 +307,16 @@ void tcColumnPainter::fillRects()
     const QPainter::RenderHints hints = mPainter.renderHints();
     mPainter.setRenderHints(hints, false);
     if (mThin) {
-        std::vector<QRect> whole;
-        whole.reserve(mRects.size());
-        for (const QRectF& rect : mRects)
-            whole.emplace_back(static_cast<int>(rect.left()), static_cast<int>(rect.top()),
-                               static_cast<int>(rect.width()), static_cast<int>(rect.height()));
         mPainter.setPen(Qt::NoPen);
         mPainter.setBrush(pen.color());
-        mPainter.drawRects(whole.data(), static_cast<int>(whole.size()));
+        const std::vector<QRect> rects = joined(barRects<QRect>());
+        mPainter.drawRects(rects.data(), static_cast<int>(rects.size()));
         mPainter.setPen(pen);
         mPainter.setBrush(brush);
     } else {
-        for (const QRectF& rect : mRects)
+        for (const QRectF& rect : joined(barRects<QRectF>()))
             mPainter.fillRect(rect, pen.color());
     }
     mPainter.setRenderHints(hints, true);
-    mRects.clear();
+    mBars.clear();
 }

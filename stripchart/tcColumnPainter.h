@@ -30,25 +30,27 @@ private:
         int bottom;
     };
 
-    bool isBar(const std::vector<tcPixelColumn>& acColumns, std::size_t anIndex) const;
-    void addLine(const tcPixelColumn& acColumn, const tcPixelColumn* apBarBefore);
+    void findBars(const std::vector<tcPixelColumn>& acColumns);
+    void addLine(const std::vector<tcPixelColumn>& acColumns, std::size_t anIndex,
+                 bool abBarBefore);
     void addTurns(const tcPixelColumn& acColumn);
     void addBar(const tcPixelColumn& acColumn, const tcPixelColumn* apBefore, bool abBarBefore);
     void addPoint(double anX, double anY);
     void endLine();
     void paintBars();
-    void addRects(const std::vector<QRectF>& acBars);
-    void fillRects();
-    QRectF inked(const tcBar& acBar) const;
+    template <class Rect>
+    std::vector<Rect> barRects() const;
+    void setInk(const tcBar& acBar, QRect& arRect) const;
+    void setInk(const tcBar& acBar, QRectF& arRect) const;
 
     QPainter& mPainter;
-    QRectF mClip;
+    QRect mClip;
     bool mSolid; ///< ink over ink shows no more than once
     bool mSoft;  ///< antialiased
     bool mThin;  ///< the line is one pixel of the device wide
     int mFull;   ///< excess from which a column counts as filled
     std::vector<QPointF> mLine;
-    QPointF mStep; ///< between the last two points of the line
+    QPointF mStep;            ///< between the last two points of the line
+    std::vector<char> mIsBar; ///< of each column
     std::vector<tcBar> mBars;
-    std::vector<QRectF> mRects;
 };
