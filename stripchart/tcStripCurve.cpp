@@ -1,6 +1,7 @@
 #include "stripchart/tcStripCurve.h"
 
 #include "stripchart/logic/tcCurveColors.h"
+#include "stripchart/logic/tcWideRegisters.h"
 #include "stripchart/tcColumnPainter.h"
 #include "stripchart/tcCurveNotifier.h"
 #include "stripchart/tcCurveSeries.h"
@@ -179,6 +180,7 @@ void tcStripCurve::drawLines(QPainter* apPainter, const QwtScaleMap& acX,
                              const QwtScaleMap& acY, const QRectF& acCanvas, int anFrom,
                              int anTo) const
 {
+    tcWideRegisters::release();
     if (!isPlainLine(apPainter, acX, acY)) {
         QwtPlotCurve::drawLines(apPainter, acX, acY, acCanvas, anFrom, anTo);
         return;
