@@ -7,7 +7,6 @@
 #include <QImage>
 #include <QPainter>
 #include <qwt_plot.h>
-#include <qwt_plot_canvas.h>
 #ifdef TARVIK_WITH_QCUSTOMPLOT
 #include <qcustomplot.h>
 #endif
@@ -21,7 +20,7 @@ namespace
 {
 
 constexpr int cCurves = 15;
-constexpr int cRuns = 5;
+constexpr int cRuns = 7;
 constexpr QSize cCanvas(900, 400);
 
 struct tcData
@@ -89,12 +88,17 @@ using tcMaker = std::unique_ptr<QwtPlotCurve> (*)(int, const tcData&);
 class tcQwtFrame
 {
 public:
+    /// Of anCount samples each.
+    tcQwtFrame(tcMaker aMaker, int anCount, tcKind aKind)
+        : tcQwtFrame(aMaker, anCount, aKind, anCount)
+    {
+    }
     /// The last anKept of anCount samples.
-    tcQwtFrame(tcMaker aMaker, int anCount, tcKind aKind, int anKept)
+    tcQwtFrame(tcMaker aMaker, int anCount, tcKind aKind, int anKept, int anCurves = cCurves)
     {
         mPlot.setAutoDelete(false);
         mPlot.setAutoReplot(false);
-        for (int i = 0; i < cCurves; ++i) {
+        for (int i = 0; i < anCurves; ++i) {
             mCurves.push_back(aMaker(i, last(data(i, anCount, aKind), anKept)));
             mCurves.back()->setPen(tcStripCurve::stripCurveColor(i));
             mCurves.back()->attach(&mPlot);
@@ -114,15 +118,10 @@ public:
         mPlot.setAxisScale(QwtPlot::xBottom, anFrom, anTo);
     }
 
-    double seconds(int anCalls)
+    void paint()
     {
-        QwtPlotCanvas* canvas = qobject_cast<QwtPlotCanvas*>(mPlot.canvas());
-        const auto frame = [&] {
-            mPlot.replot();
-            canvas->repaint();
-        };
-        frame();
-        return tcGoals::median(cRuns, anCalls, frame);
+        mPlot.replot();
+        mPlot.canvas()->repaint();
     }
 
 private:
@@ -130,40 +129,35 @@ private:
     std::vector<std::unique_ptr<QwtPlotCurve>> mCurves;
 };
 
-double qwtSeconds(tcMaker aMaker, int anCount, tcKind aKind, int anCalls)
-{
-    return tcQwtFrame(aMaker, anCount, aKind, anCount).seconds(anCalls);
-}
-
 #ifdef TARVIK_WITH_QCUSTOMPLOT
-double customSeconds(int anCount, tcKind aKind, int anCalls)
+/// The same with QCustomPlot.
+class tcCustomFrame
 {
-    QCustomPlot plot;
-    plot.setAntialiasedElements(QCP::aeAll);
-    for (int i = 0; i < cCurves; ++i) {
-        const tcData samples = data(i, anCount, aKind);
-        plot.addGraph()->setData(samples.times, samples.values, true);
-        plot.graph(i)->setPen(QPen(tcStripCurve::stripCurveColor(i), 0));
-        plot.graph(i)->setAdaptiveSampling(true);
+public:
+    tcCustomFrame(int anCount, tcKind aKind)
+    {
+        mPlot.setAntialiasedElements(QCP::aeAll);
+        for (int i = 0; i < cCurves; ++i) {
+            const tcData samples = data(i, anCount, aKind);
+            mPlot.addGraph()->setData(samples.times, samples.values, true);
+            mPlot.graph(i)->setPen(QPen(tcStripCurve::stripCurveColor(i), 0));
+            mPlot.graph(i)->setAdaptiveSampling(true);
+        }
+        mPlot.xAxis->setRange(0, anCount);
+        mPlot.yAxis->setRange(0, 1);
+        mPlot.resize(cCanvas);
+        mPlot.show();
+        QCoreApplication::processEvents();
+        mPlot.resize(2 * cCanvas - mPlot.axisRect()->size());
+        QCoreApplication::processEvents();
     }
-    plot.xAxis->setRange(0, anCount);
-    plot.yAxis->setRange(0, 1);
-    plot.resize(cCanvas);
-    plot.show();
-    QCoreApplication::processEvents();
-    plot.resize(2 * cCanvas - plot.axisRect()->size());
-    QCoreApplication::processEvents();
-    const auto frame = [&] { plot.replot(QCustomPlot::rpImmediateRefresh); };
-    frame();
-    return tcGoals::median(cRuns, anCalls, frame);
-}
-#endif
 
-struct tcTimes
-{
-    double k1;
-    double k100;
+    void paint() { mPlot.replot(QCustomPlot::rpImmediateRefresh); }
+
+private:
+    QCustomPlot mPlot;
 };
+#endif
 
 void print(const char* apName, tcKind aKind, double anK1, double anK100)
 {
@@ -176,37 +170,51 @@ void compareFrames(tcGoals& arGoals, tcKind aKind)
 {
     const bool noise = aKind == tcKind::noise;
     const QByteArray kind = name(aKind);
-    const tcTimes strip{qwtSeconds(stripCurve, 1000, aKind, 20),
-                        qwtSeconds(stripCurve, 100000, aKind, 20)};
-    const tcTimes stock{qwtSeconds(stockCurve, 1000, aKind, 20),
-                        qwtSeconds(stockCurve, 100000, aKind, noise ? 1 : 3)};
-    print("strip curves", aKind, strip.k1, strip.k100);
-    print("stock Qwt", aKind, stock.k1, stock.k100);
-    arGoals.atMost(kind + ": 15 x 100k over 15 x 1k", strip.k100 / strip.k1, 1.5);
-    arGoals.atLeast(kind + ": stock over strip, 100k", stock.k100 / strip.k100,
-                    noise ? 80 : 50);
-    arGoals.atMost(kind + ": strip over stock, 1k", strip.k1 / stock.k1, 1.0);
+    tcQwtFrame strip1(stripCurve, 1000, aKind);
+    tcQwtFrame strip100(stripCurve, 100000, aKind);
+    tcQwtFrame stock1(stockCurve, 1000, aKind);
+    tcQwtFrame stock100(stockCurve, 100000, aKind);
+    std::vector<tcGoals::tcContender> contenders{{[&] { strip1.paint(); }, 20},
+                                                 {[&] { strip100.paint(); }, 20},
+                                                 {[&] { stock1.paint(); }, 20},
+                                                 {[&] { stock100.paint(); }, noise ? 1 : 3}};
 #ifdef TARVIK_WITH_QCUSTOMPLOT
-    const tcTimes custom{customSeconds(1000, aKind, 20), customSeconds(100000, aKind, 5)};
-    print("QCustomPlot", aKind, custom.k1, custom.k100);
-    arGoals.atLeast(kind + ": QCustomPlot over strip, 100k", custom.k100 / strip.k100,
+    tcCustomFrame custom1(1000, aKind);
+    tcCustomFrame custom100(100000, aKind);
+    contenders.push_back({[&] { custom1.paint(); }, 20});
+    contenders.push_back({[&] { custom100.paint(); }, 5});
+#endif
+    const std::vector<double> times = tcGoals::medians(cRuns, contenders);
+    print("strip curves", aKind, times[0], times[1]);
+    print("stock Qwt", aKind, times[2], times[3]);
+    arGoals.atMost(kind + ": 15 x 100k over 15 x 1k", times[1] / times[0], 1.5);
+    arGoals.atLeast(kind + ": stock over strip, 100k", times[3] / times[1], noise ? 80 : 50);
+    arGoals.atMost(kind + ": strip over stock, 1k", times[0] / times[2], 1.0);
+#ifdef TARVIK_WITH_QCUSTOMPLOT
+    print("QCustomPlot", aKind, times[4], times[5]);
+    arGoals.atLeast(kind + ": QCustomPlot over strip, 100k", times[5] / times[1],
                     noise ? 4 : 2.5);
 #endif
 }
 
 void compareSizes(tcGoals& arGoals)
 {
-    const double hundred = qwtSeconds(stripCurve, 100000, tcKind::sensor, 20);
-    const double million = qwtSeconds(stripCurve, 1000000, tcKind::sensor, 10);
-    arGoals.atMost("sensor: 15 x 1M over 15 x 100k", million / hundred, 4);
-
     constexpr int cSeen = 1000;
-    tcQwtFrame small(stripCurve, 100000, tcKind::sensor, cSeen);
-    tcQwtFrame full(stripCurve, 100000, tcKind::sensor, 100000);
-    full.setWindow(100000 - cSeen, 100000);
-    const double alone = small.seconds(50);
-    arGoals.atMost("window of 1000 in 100k over those 1000 alone", full.seconds(50) / alone,
-                   1.1);
+    tcQwtFrame none(stripCurve, 1000, tcKind::sensor, 1000, 0);
+    tcQwtFrame hundred(stripCurve, 100000, tcKind::sensor);
+    tcQwtFrame million(stripCurve, 1000000, tcKind::sensor);
+    tcQwtFrame alone(stripCurve, 100000, tcKind::sensor, cSeen);
+    tcQwtFrame window(stripCurve, 100000, tcKind::sensor);
+    window.setWindow(100000 - cSeen, 100000);
+    const std::vector<double> times = tcGoals::medians(cRuns,
+                                                       {{[&] { none.paint(); }, 50},
+                                                        {[&] { hundred.paint(); }, 20},
+                                                        {[&] { million.paint(); }, 10},
+                                                        {[&] { alone.paint(); }, 50},
+                                                        {[&] { window.paint(); }, 50}});
+    std::printf("plot without curves: %.2f ms\n", times[0] * 1e3);
+    arGoals.atMost("sensor: 15 x 1M over 15 x 100k", times[2] / times[1], 4);
+    arGoals.atMost("window of 1000 in 100k over those 1000 alone", times[4] / times[3], 1.1);
 }
 
 QImage picture(tcMaker aMaker, tcKind aKind, bool abSmoothEdges)

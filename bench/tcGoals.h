@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QVector>
-
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
+#include <functional>
+#include <vector>
 
 /// Goals of a benchmark: ratios of one run with the mark that each has to reach.
 class tcGoals
@@ -20,15 +20,35 @@ public:
     template <class Work>
     static double median(int anRuns, int anCalls, Work aWork)
     {
-        QVector<double> seconds;
+        std::vector<double> seconds;
         for (int run = 0; run < anRuns; ++run) {
             const double start = cpuSeconds();
             for (int call = 0; call < anCalls; ++call)
                 aWork();
-            seconds.append((cpuSeconds() - start) / anCalls);
+            seconds.push_back((cpuSeconds() - start) / anCalls);
         }
-        std::sort(seconds.begin(), seconds.end());
-        return seconds.at(seconds.size() / 2);
+        return middle(seconds);
+    }
+
+    struct tcContender
+    {
+        std::function<void()> work;
+        int calls; ///< in a row, after one that doesn't count
+    };
+
+    /// The same for each of several contenders that take turns, so that what else goes on in
+    /// the computer falls on all of them.
+    static std::vector<double> medians(int anRuns, const std::vector<tcContender>& acContenders)
+    {
+        std::vector<std::vector<double>> seconds(acContenders.size());
+        for (int run = 0; run < anRuns; ++run) {
+            for (std::size_t i = 0; i < acContenders.size(); ++i)
+                seconds[i].push_back(secondsOfOne(acContenders[i]));
+        }
+        std::vector<double> result;
+        for (const std::vector<double>& runs : seconds)
+            result.push_back(middle(runs));
+        return result;
     }
 
     void atMost(const char* apWhat, double anRatio, double anMark)
@@ -44,6 +64,21 @@ public:
     int result() const { return mMissed == 0 ? 0 : 1; }
 
 private:
+    static double middle(std::vector<double> aSeconds)
+    {
+        std::sort(aSeconds.begin(), aSeconds.end());
+        return aSeconds[aSeconds.size() / 2];
+    }
+
+    static double secondsOfOne(const tcContender& acContender)
+    {
+        acContender.work();
+        const double start = cpuSeconds();
+        for (int call = 0; call < acContender.calls; ++call)
+            acContender.work();
+        return (cpuSeconds() - start) / acContender.calls;
+    }
+
     void print(const char* apWhat, double anRatio, const char* apSign, double anMark,
                bool abPass)
     {
