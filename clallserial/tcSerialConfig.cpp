@@ -12,19 +12,13 @@
 #include <optional>
 #include <sstream>
 
+using tcWireText::trimmed;
+
 namespace
 {
 
 constexpr const char* cFileName = "clallserial.ini";
 constexpr size_t cMaxFile = 65536; // what is longer is no configuration
-
-std::string trimmed(const std::string& acText)
-{
-    const size_t begin = acText.find_first_not_of(" \t\r");
-    if (begin == std::string::npos)
-        return {};
-    return acText.substr(begin, acText.find_last_not_of(" \t\r") - begin + 1);
-}
 
 /// A comment runs to the end of the line and begins it or follows a blank.
 std::string withoutComment(const std::string& acLine)

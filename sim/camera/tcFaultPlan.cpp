@@ -12,14 +12,6 @@ constexpr int64_t cNsPerMs = 1'000'000;
 constexpr int64_t cNsPerSecond = 1'000'000'000;
 constexpr int64_t cLongest = 1'000'000; // units of a value; keeps sums far from overflow
 
-std::string trimmed(const std::string& acText)
-{
-    const size_t begin = acText.find_first_not_of(" \t");
-    if (begin == std::string::npos)
-        return {};
-    return acText.substr(begin, acText.find_last_not_of(" \t") - begin + 1);
-}
-
 } // namespace
 
 std::optional<tcFaultPlan> tcFaultPlan::parse(const std::string& acText, uint64_t anSeed,
@@ -29,7 +21,7 @@ std::optional<tcFaultPlan> tcFaultPlan::parse(const std::string& acText, uint64_
     size_t begin = 0;
     while (begin <= acText.size()) {
         const size_t end = std::min(acText.find(',', begin), acText.size());
-        const std::string entry = trimmed(acText.substr(begin, end - begin));
+        const std::string entry = tcWireText::trimmed(acText.substr(begin, end - begin));
         if (!entry.empty() && !plan.add(entry)) {
             arError = entry;
             return std::nullopt;

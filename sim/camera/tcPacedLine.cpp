@@ -45,8 +45,3 @@ void tcPacedLine::purge(int64_t anNow)
 {
     mBytes.erase(mBytes.begin(), mBytes.begin() + static_cast<int64_t>(arrived(anNow)));
 }
-
-void tcPacedLine::clear()
-{
-    mBytes.clear();
-}

@@ -32,7 +32,6 @@ public:
     int64_t nextArrival(int64_t anNow) const;
     /// Throws away what has arrived.
     void purge(int64_t anNow);
-    void clear();
 
 private:
     struct tcByte

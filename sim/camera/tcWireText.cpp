@@ -39,6 +39,15 @@ std::optional<std::vector<std::string_view>> words(std::string_view acText)
     }
 }
 
+std::string trimmed(const std::string& acText)
+{
+    constexpr const char* cBlanks = " \t\r";
+    const size_t begin = acText.find_first_not_of(cBlanks);
+    if (begin == std::string::npos)
+        return {};
+    return acText.substr(begin, acText.find_last_not_of(cBlanks) - begin + 1);
+}
+
 std::optional<int64_t> integer(std::string_view acText)
 {
     const bool negative = !acText.empty() && acText.front() == '-';

@@ -9,6 +9,8 @@ class tst_WireText : public QObject
 private Q_SLOTS:
     void words_data();
     void words();
+    void trimmed_data();
+    void trimmed();
     void integer_data();
     void integer();
     void hundredths_data();
@@ -37,6 +39,24 @@ void tst_WireText::words()
     const std::string plain = text.toStdString();
     const auto list = tcWireText::words(plain);
     QCOMPARE(list ? int(list->size()) : -1, count);
+}
+
+void tst_WireText::trimmed_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QByteArray>("kept");
+    QTest::newRow("nothing to do") << QByteArray("drop/10") << QByteArray("drop/10");
+    QTest::newRow("around") << QByteArray(" \t drop/10\t \r") << QByteArray("drop/10");
+    QTest::newRow("not inside") << QByteArray(" a \t b ") << QByteArray("a \t b");
+    QTest::newRow("blanks alone") << QByteArray(" \t\r") << QByteArray();
+    QTest::newRow("nothing") << QByteArray() << QByteArray();
+}
+
+void tst_WireText::trimmed()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QByteArray, kept);
+    QCOMPARE(tcWireText::trimmed(text.toStdString()), kept.toStdString());
 }
 
 void tst_WireText::integer_data()
