@@ -15,7 +15,7 @@ if(CMAKE_SCRIPT_MODE_FILE)
         execute_process(COMMAND git -C "${SOURCE_DIR}" log -1 --format=%s
                         OUTPUT_VARIABLE subject OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
     elseif(EXISTS "${SOURCE_DIR}/app/logic/Revision.archive")
-        file(STRINGS "${SOURCE_DIR}/app/logic/Revision.archive" lines)
+        file(STRINGS "${SOURCE_DIR}/app/logic/Revision.archive" lines ENCODING UTF-8)
         list(GET lines 0 revision)
         list(LENGTH lines count)
         if(count GREATER 1)
