@@ -4,6 +4,7 @@
 #include "stripchart/logic/tcCsvWriter.h"
 #include "stripchart/tcAxisControl.h"
 #include "stripchart/tcBusy.h"
+#include "stripchart/tcChartPanel.h"
 #include "stripchart/tcCurveTable.h"
 #include "stripchart/tcMarkerTable.h"
 #include "stripchart/tcStripCurve.h"
@@ -256,7 +257,7 @@ bool tcChartFiles::readRows(tcCsvReader& arReader, const tcLoadedFile::tcStep& a
         showSpan();
         mFileMarkers.show(arReader.markers());
         mParts.form.spinBoxSamples->setEnabled(false);
-        mParts.form.toolButton_Load->setDefaultAction(mParts.form.actionResume_Feed);
+        tcChartPanel::setLoadAction(mParts.form, mParts.form.actionResume_Feed);
     } else if (updating) {
         mActions.startUpdates();
     }
@@ -291,7 +292,7 @@ void tcChartFiles::resume()
         mLoaded.setLiveAside(mParts.curves);
     mActions.resetData();
     mParts.form.spinBoxSamples->setEnabled(true);
-    mParts.form.toolButton_Load->setDefaultAction(mParts.form.actionLoad_from_File);
+    tcChartPanel::setLoadAction(mParts.form, mParts.form.actionLoad_from_File);
     if (!shown)
         return;
     mLoaded.resume(mActions.fileCurve);

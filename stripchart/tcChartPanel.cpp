@@ -23,7 +23,7 @@ void tcChartPanel::connectButtons(Ui::StripChart& arForm, QAction& arLogAction)
 {
     arForm.toolButton_Pause->setDefaultAction(arForm.actionPause_Updates);
     arForm.toolButton_Log->setDefaultAction(&arLogAction);
-    arForm.toolButton_Load->setDefaultAction(arForm.actionLoad_from_File);
+    setLoadAction(arForm, arForm.actionLoad_from_File);
     connectButton(arForm.toolButtonClear, arForm.actionClear_Samples);
     connectButton(arForm.toolButtonMarkers, arForm.actionMarkers);
     connectButton(arForm.toolButton_Save, arForm.actionSave);
@@ -34,6 +34,17 @@ void tcChartPanel::connectButtons(Ui::StripChart& arForm, QAction& arLogAction)
     connectSwitch(arForm.toolButton_showMs, arForm.actionShow_ms);
     arForm.splitter->setStretchFactor(0, 0);
     arForm.splitter->setStretchFactor(1, 1);
+}
+
+void tcChartPanel::setLoadAction(Ui::StripChart& arForm, QAction* apAction)
+{
+    QToolButton& button = *arForm.toolButton_Load;
+    const QList<QAction*> before = button.actions();
+    button.setDefaultAction(apAction);
+    // A button keeps its earlier actions and offers them in a menu of its own.
+    for (QAction* action : before)
+        if (action != apAction)
+            button.removeAction(action);
 }
 
 void tcChartPanel::connectTools(Ui::StripChart& arForm, tcPlotTools& arTools)

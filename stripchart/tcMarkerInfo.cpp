@@ -14,7 +14,7 @@
 tcMarkerInfo::tcMarkerInfo(tcMarkerTable& arMarkers, QWidget* apParent)
     : QDialog(apParent)
     , mMarkers(arMarkers)
-    , mRows(tcRowsDialog::prepare(*this, QSize(320, 120)))
+    , mRows(tcRowsDialog::prepare(*this, QSize(400, 120)))
 {
     setObjectName(QStringLiteral("tcMarkerInfo"));
     setWindowTitle(tr("Markers"));
@@ -31,6 +31,7 @@ void tcMarkerInfo::addRow(const QUuid& acKey)
 {
     const tcStripMarker& marker = *mMarkers.find(acKey);
     auto* edit = new QLineEdit(marker.label().text());
+    edit->setCursorPosition(0); // a long text shows its start
     const auto place = mEdits.insert(acKey, edit);
     const int row = static_cast<int>(std::distance(mEdits.begin(), place));
     mRows->insertRow(row, tr("at %1").arg(tcPointText::timed(marker.xValue(), marker.yValue())),
@@ -53,6 +54,7 @@ void tcMarkerInfo::showText(const QUuid& acKey)
         return;
     const QSignalBlocker blocker(edit);
     edit->setText(marker->label().text());
+    edit->setCursorPosition(0);
 }
 
 void tcMarkerInfo::takeText(const QUuid& acKey, const QString& acText)

@@ -16,6 +16,7 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QTabWidget>
+#include <QTemporaryFile>
 #include <QtTest>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_grid.h>
@@ -31,6 +32,7 @@ private Q_SLOTS:
     void leftPanelTexts_data();
     void leftPanelTexts();
     void buttonsShowTheirActions();
+    void loadButtonOffersOneActionAtATime();
     void buttonsTriggerTheirActions_data();
     void buttonsTriggerTheirActions();
     void gridActions();
@@ -152,6 +154,23 @@ void tst_ChartMenus::buttonsShowTheirActions()
              probe.chart->logAction());
     QCOMPARE(probe.child<QToolButton>("toolButton_Load")->defaultAction(),
              probe.action("actionLoad_from_File"));
+}
+
+// More than one would give the button a menu, and "Resume Feed" in it clears a live chart.
+void tst_ChartMenus::loadButtonOffersOneActionAtATime()
+{
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    file.write("t,X\n5000,1\n");
+    file.close();
+    tcChartProbe probe;
+    const auto* button = probe.child<QToolButton>("toolButton_Load");
+    probe.chart->loadCsvFile(file.fileName());
+    QCOMPARE(button->actions(), QList<QAction*>{probe.action("actionResume_Feed")});
+    QCOMPARE(button->defaultAction(), probe.action("actionResume_Feed"));
+    probe.action("actionResume_Feed")->trigger();
+    QCOMPARE(button->actions(), QList<QAction*>{probe.action("actionLoad_from_File")});
+    QCOMPARE(button->defaultAction(), probe.action("actionLoad_from_File"));
 }
 
 void tst_ChartMenus::buttonsTriggerTheirActions_data()
