@@ -8,6 +8,9 @@
 #include <QPen>
 #include <qwt_symbol.h>
 
+#include <algorithm>
+#include <cmath>
+
 namespace
 {
 constexpr int cTextPointSize = 10;
@@ -91,6 +94,22 @@ tcStripPointMarker::tcStripPointMarker(const QString& acName) : tcStripMarker(ac
 {
     setLineStyle(QwtPlotMarker::NoLine);
     setLabelAlignment(Qt::AlignRight | Qt::AlignTop);
+}
+
+void tcStripPointMarker::drawLabel(QPainter* apPainter, const QRectF& acCanvas,
+                                   const QPointF& acAt) const
+{
+    QPointF at = acAt;
+    if (acCanvas.contains(acAt)) {
+        const QSizeF size = label().textSize(apPainter->font());
+        const double gap = (symbol() ? (cSymbolPixels + 1) / 2.0 : 0.0) + spacing();
+        const double right = at.x() + gap + size.width() + spacing();
+        at.rx() -= std::min(std::max(std::ceil(right - acCanvas.right()), 0.0),
+                            at.x() + gap - acCanvas.left());
+        if (at.y() - gap - size.height() < acCanvas.top())
+            at.ry() += size.height() + 2.0 * gap;
+    }
+    tcStripMarker::drawLabel(apPainter, acCanvas, at);
 }
 
 void tcStripPointMarker::setSymbolColor(const QColor& acColor)

@@ -45,7 +45,8 @@ protected:
                    const QPointF& acAt) const override;
 };
 
-/// A point that the operator placed. Its label stands to the right above it.
+/// A point that the operator placed. Its label stands to the right above it, and moves to the
+/// left or below where the canvas would cut it off: the newest readings are at its edge.
 class tcStripPointMarker : public tcStripMarker
 {
 public:
@@ -54,4 +55,8 @@ public:
     explicit tcStripPointMarker(const QString& acName);
 
     void setSymbolColor(const QColor& acColor); ///< shows a symbol
+
+protected:
+    void drawLabel(QPainter* apPainter, const QRectF& acCanvas,
+                   const QPointF& acAt) const override;
 };

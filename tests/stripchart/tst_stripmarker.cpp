@@ -20,13 +20,15 @@ class tst_StripMarker : public QObject
         return marker;
     }
 
-    /// Where a red label stands on a canvas of 300 x 100 pixels, for values from 0 to 100.
-    static QRect labelInk(const tcStripLineMarker& acMarker)
+    /// Where a red label stands on a canvas of 300 x 100 pixels, for times from 0 to 300 and
+    /// values from 0 to 100.
+    static QRect labelInk(const tcStripMarker& acMarker)
     {
         QImage canvas(300, 100, QImage::Format_RGB32);
         canvas.fill(Qt::black);
         QPainter painter(&canvas);
         QwtScaleMap xMap;
+        xMap.setScaleInterval(0, 300);
         xMap.setPaintInterval(0, 300);
         QwtScaleMap yMap;
         yMap.setScaleInterval(0, 100);
@@ -168,6 +170,40 @@ private Q_SLOTS:
         label.setColor(Qt::red);
         marker.setLabel(label);
         marker.setYValueWithLabel(-30.0);
+        QVERIFY(labelInk(marker).isNull());
+    }
+
+    void pointLabelStaysOnTheCanvas_data()
+    {
+        QTest::addColumn<QPointF>("point");
+        QTest::addColumn<bool>("above");
+        QTest::addColumn<bool>("rightOfIt");
+        QTest::newRow("in the middle") << QPointF(100, 50) << true << true;
+        QTest::newRow("at the right edge") << QPointF(299, 50) << true << false;
+        QTest::newRow("at the top") << QPointF(100, 100) << false << true;
+        QTest::newRow("in the corner") << QPointF(299, 100) << false << false;
+    }
+
+    void pointLabelStaysOnTheCanvas()
+    {
+        QFETCH(QPointF, point);
+        tcStripPointMarker marker("");
+        marker.setText("some text", Qt::red);
+        marker.setSymbolColor(Qt::green);
+        marker.setValue(100, 50);
+        const QSize whole = labelInk(marker).size();
+        marker.setValue(point);
+        const QRect ink = labelInk(marker);
+        QCOMPARE(ink.size(), whole); // nothing is cut off
+        QTEST(ink.center().y() < 100.0 - point.y(), "above");
+        QTEST(ink.left() > point.x(), "rightOfIt");
+    }
+
+    void labelOfAPointOffTheCanvasStaysWithIt()
+    {
+        tcStripPointMarker marker("");
+        marker.setText("some text", Qt::red);
+        marker.setValue(330, 50);
         QVERIFY(labelInk(marker).isNull());
     }
 
