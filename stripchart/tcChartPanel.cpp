@@ -3,6 +3,8 @@
 #include "stripchart/tcPlotTools.h"
 #include "ui_StripChart.h"
 
+#include <algorithm>
+
 namespace
 {
 void connectButton(QAbstractButton* apButton, QAction* apAction)
@@ -16,6 +18,22 @@ void connectSwitch(QAbstractButton* apButton, QAction* apAction)
     apButton->setChecked(apAction->isChecked());
     QObject::connect(apButton, &QAbstractButton::toggled, apAction, &QAction::setChecked);
     QObject::connect(apAction, &QAction::toggled, apButton, &QAbstractButton::setChecked);
+}
+
+// A splitter asks for the width once, long before all texts and fonts are known.
+void fitSplitter(QSplitter& arSplitter, tcPanelArea& arArea)
+{
+    arSplitter.setStretchFactor(0, 0);
+    arSplitter.setStretchFactor(1, 1);
+    const auto fit = [&arSplitter, &arArea] {
+        const int needed = arArea.neededWidth();
+        arSplitter.setSizes({needed, std::max(arSplitter.width() - needed, 1)});
+    };
+    const auto fitting
+        = QObject::connect(&arArea, &tcPanelArea::contentChanged, &arSplitter, fit);
+    // The operator knows better.
+    QObject::connect(&arSplitter, &QSplitter::splitterMoved, &arSplitter,
+                     [fitting] { QObject::disconnect(fitting); });
 }
 } // namespace
 
@@ -32,8 +50,7 @@ void tcChartPanel::connectButtons(Ui::StripChart& arForm, QAction& arLogAction)
     connectButton(arForm.toolButtonAutoScaleY2, arForm.actionAutoScale_Y2);
     connectSwitch(arForm.toolButton_showX, arForm.actionShow_X_Axis);
     connectSwitch(arForm.toolButton_showMs, arForm.actionShow_ms);
-    arForm.splitter->setStretchFactor(0, 0);
-    arForm.splitter->setStretchFactor(1, 1);
+    fitSplitter(*arForm.splitter, *arForm.scrollAreaLeft);
 }
 
 void tcChartPanel::setLoadAction(Ui::StripChart& arForm, QAction* apAction)

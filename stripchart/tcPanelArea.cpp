@@ -3,6 +3,11 @@
 #include <QEvent>
 #include <QScrollBar>
 
+namespace
+{
+constexpr int cFewestChars = 12;
+} // namespace
+
 QSize tcPanelArea::sizeHint() const
 {
     return {neededWidth(), widget() ? widget()->sizeHint().height() : 0};
@@ -10,13 +15,16 @@ QSize tcPanelArea::sizeHint() const
 
 QSize tcPanelArea::minimumSizeHint() const
 {
-    return {neededWidth(), QScrollArea::minimumSizeHint().height()};
+    return {fontMetrics().averageCharWidth() * cFewestChars,
+            QScrollArea::minimumSizeHint().height()};
 }
 
 bool tcPanelArea::eventFilter(QObject* apObject, QEvent* apEvent)
 {
-    if (apObject == widget() && apEvent->type() == QEvent::LayoutRequest)
+    if (apObject == widget() && apEvent->type() == QEvent::LayoutRequest) {
         updateGeometry();
+        Q_EMIT contentChanged();
+    }
     return QScrollArea::eventFilter(apObject, apEvent);
 }
 

@@ -2,7 +2,8 @@
 
 #include <QScrollArea>
 
-/// As wide as its content needs, and scrolled up and down where the window is too low for it.
+/// As wide as its content needs while there is room, and scrolled where the window is too low
+/// or too narrow for it.
 class tcPanelArea : public QScrollArea
 {
     Q_OBJECT
@@ -13,8 +14,10 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+    int neededWidth() const; ///< so that nothing is scrolled sideways
+
     bool eventFilter(QObject* apObject, QEvent* apEvent) override;
 
-private:
-    int neededWidth() const;
+Q_SIGNALS:
+    void contentChanged(); ///< and with it the width that it needs
 };

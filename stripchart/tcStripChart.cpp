@@ -31,7 +31,7 @@ namespace
 constexpr int cTimerIntervalMs = 1000;
 constexpr int cMinimumHeight = 250; ///< pixels; a lower chart shows no times
 constexpr int cPlotMinimumHeight = 120;
-constexpr int cPlotMinimumWidth = 120;
+constexpr int cPlotMinimumWidth = 240; ///< of which two value axes take half
 } // namespace
 
 tcStripChart::tcStripChart(QWidget* apParent)

@@ -4,7 +4,12 @@
 #include "stripchart/tcStripMarker.h"
 #include "tests/stripchart/tcChartProbe.h"
 
+#include <QApplication>
+#include <QMouseEvent>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSplitter>
 #include <QTabWidget>
 #include <QtTest>
 #include <qwt_plot_grid.h>
@@ -62,6 +67,7 @@ private Q_SLOTS:
     void showMsTogglesMilliseconds();
     void labelsOnALowAxisDontTouch_data();
     void labelsOnALowAxisDontTouch();
+    void narrowChartKeepsACanvas();
     void timeRangeWithoutWidthIsIgnored();
     void timesStandAtRoundSteps_data();
     void timesStandAtRoundSteps();
@@ -449,6 +455,41 @@ void tst_ChartAxes::labelsOnALowAxisDontTouch()
     QVERIFY(longest > 0);
     const int textHeight = QFontMetrics(scale->font()).height();
     QVERIFY2(longest <= textHeight, qPrintable(QString::number(longest)));
+}
+
+// The left panel gives way, and is scrolled sideways then.
+void tst_ChartAxes::narrowChartKeepsACanvas()
+{
+    tcChartProbe probe;
+    probe.chart->setYRange(1, 0.0, 100.0);
+    probe.show(QSize(800, 500));
+    const auto* panel = probe.child<QScrollArea>("scrollAreaLeft");
+    QVERIFY(!panel->horizontalScrollBar()->isVisible());
+    QVERIFY(panel->viewport()->width() >= panel->widget()->minimumSizeHint().width());
+    probe.show(QSize(400, 250));
+    QCOMPARE(probe.chart->size(), QSize(400, 250));
+    QVERIFY2(probe.plot->canvas()->width() >= 90,
+             qPrintable(QString::number(probe.plot->canvas()->width())));
+    QVERIFY(panel->horizontalScrollBar()->isVisible());
+    QCOMPARE(panel->horizontalScrollBar()->maximum() + panel->viewport()->width(),
+             panel->widget()->width());
+    probe.show(QSize(800, 500));
+    QVERIFY(!panel->horizontalScrollBar()->isVisible());
+    // A width that the operator chose stays.
+    auto* splitter = probe.child<QSplitter>("splitter");
+    QWidget* handle = splitter->handle(1);
+    const QPoint grip = handle->rect().center();
+    QTest::mousePress(handle, Qt::LeftButton, {}, grip);
+    const QPoint to = grip + QPoint(40, 0);
+    QMouseEvent drag(QEvent::MouseMove, to, handle->mapToGlobal(to), Qt::NoButton,
+                     Qt::LeftButton, {});
+    QApplication::sendEvent(handle, &drag);
+    QTest::mouseRelease(handle, Qt::LeftButton);
+    const int chosen = splitter->sizes().first();
+    QVERIFY(chosen > panel->widget()->minimumSizeHint().width() + 30);
+    probe.child<QToolButton>("toolButtonMarkers")->setText("A text of its own length...");
+    QCoreApplication::processEvents();
+    QCOMPARE(splitter->sizes().first(), chosen);
 }
 
 void tst_ChartAxes::timeRangeWithoutWidthIsIgnored()
