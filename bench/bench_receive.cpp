@@ -1,5 +1,7 @@
 // What a camera's replies cost: parsing, the log, one tick of the panel, and how long the
 // window waits while a line of 921600 baud never pauses.
+//
+//   bench_receive [parsing] [log] [text] [hex] [flood]
 #include "camera/logic/tcReply.h"
 #include "camera/logic/tcRxAssembler.h"
 #include "camera/tcLogView.h"
@@ -217,12 +219,21 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     qInstallMessageHandler(countTraces);
-    benchParsing();
-    benchLog();
+    const QStringList wanted = QApplication::arguments().mid(1);
+    const auto isWanted = [&](const char* acPart) {
+        return wanted.isEmpty() || wanted.contains(QLatin1String(acPart));
+    };
+    if (isWanted("parsing"))
+        benchParsing();
+    if (isWanted("log"))
+        benchLog();
     for (const int tab : {0, 1}) {
+        if (!isWanted(tab == 0 ? "text" : "hex"))
+            continue;
         benchTick("115200 baud", cSlowLine, tab);
         benchTick("921600 baud", cFastLine, tab);
     }
-    benchFlood(10);
+    if (isWanted("flood"))
+        benchFlood(10);
     return 0;
 }
