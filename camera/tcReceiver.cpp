@@ -15,7 +15,7 @@ namespace
 constexpr int cRetries = 5; ///< empty polls before the last one of a run
 constexpr int cEventTimeMs = 5;
 constexpr quint32 cReadTimeoutMs = 200;
-constexpr qint64 cSliceMs = 50; ///< a camera that floods can't keep the window waiting longer
+constexpr qint64 cSliceMs = 20; ///< a camera that floods can't keep the window waiting longer
 /// At a rate that never leaves a poll empty, a run would read byte by byte until its slice is
 /// over; it pauses instead and lets the bytes gather.
 constexpr int cReadsPerRun = 256;

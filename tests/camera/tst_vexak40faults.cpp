@@ -227,7 +227,7 @@ void tst_VexaK40Faults::floodLeavesTimeForTheWindow()
     QElapsedTimer timer;
     timer.start();
     QTRY_COMPARE_WITH_TIMEOUT(rig.lastReply(), QStringLiteral("<END><ACK>"), 60000);
-    const qint64 slices = timer.elapsed() / 50;
+    const qint64 slices = timer.elapsed() / 20;
     QVERIFY2(turns >= slices / 4, qPrintable(QString::number(turns)));
 }
 
