@@ -301,10 +301,12 @@ void tcVexaK40::CheckRxData()
 {
     const QPointer<tcVexaK40> alive(this);
     const bool nested = std::exchange(mReceiving, true);
+    mLog->hold();
     const bool stillOpen = mReceiver->run();
     if (!alive || nested)
         return;
     mReceiving = false;
+    mLog->release();
     showLatest();
     if (!stillOpen)
         return;
@@ -382,7 +384,7 @@ void tcVexaK40::clearViews()
 {
     mRxBuffer.clear();
     mHexIsOld = true;
-    mForm->PortRespPTE->clear();
+    mLog->clear();
     updateHex();
 }
 

@@ -39,6 +39,14 @@ void tcLogLimit::add(const QString& acText)
         add(character);
 }
 
+void tcLogLimit::remove(QChar aCharacter)
+{
+    if (const std::unique_ptr<tcPage>& page = mCounts[aCharacter.row()]) {
+        --(*page)[aCharacter.cell()];
+        --mLength;
+    }
+}
+
 bool tcLogLimit::removesAnything(int anLimit) const
 {
     const QChar character(victim(mLength, anLimit));

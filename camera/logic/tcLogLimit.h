@@ -20,6 +20,8 @@ public:
     void clear();
     void add(QChar aCharacter);
     void add(const QString& acText);
+    /// One that was added before.
+    void remove(QChar aCharacter);
     int length() const { return mLength; }
 
     /// The rule would change the text that was counted.

@@ -12,6 +12,7 @@ private Q_SLOTS:
     void rule();
     void countsAgreeWithTheText();
     void clearingForgets();
+    void removedCharactersDoNotCount();
 };
 
 void tst_LogLimit::rule_data()
@@ -72,6 +73,19 @@ void tst_LogLimit::clearingForgets()
     counts.clear();
     QCOMPARE(counts.length(), 0);
     counts.add(QString(65, 'B'));
+    QVERIFY(!counts.removesAnything(0));
+}
+
+void tst_LogLimit::removedCharactersDoNotCount()
+{
+    tcLogLimit counts;
+    counts.add("A" + QString(65, 'x'));
+    counts.remove('x');
+    QCOMPARE(counts.length(), 65);
+    QVERIFY(counts.removesAnything(0));
+    counts.remove('A');
+    counts.add('x');
+    QCOMPARE(counts.length(), 65);
     QVERIFY(!counts.removesAnything(0));
 }
 

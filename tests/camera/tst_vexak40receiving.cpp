@@ -26,6 +26,8 @@ private Q_SLOTS:
     void operatorsCursorStays();
     void newestEntryIsInView();
     void lengthRule();
+    void repliesOfATickChangeTheLogOnce();
+    void clearedInTheMiddleOfARun();
     void onTextChangedAppliesTheRule();
 
     void routing_data();
@@ -152,6 +154,36 @@ void tst_VexaK40Receiving::newestEntryIsInView()
         rig.panel.CheckRxData();
     QVERIFY(rig.log().endsWith("<A><ACK>\n<B><ACK>\n"));
     QVERIFY(newestIsInView());
+}
+
+/// Layout costs most, so there is one for all.
+void tst_VexaK40Receiving::repliesOfATickChangeTheLogOnce()
+{
+    tcPanelRig rig;
+    rig.open();
+    int changes = 0;
+    connect(rig.logView(), &QPlainTextEdit::textChanged, this, [&] { ++changes; });
+    rig.line.receive("<A><ACK>\r\n<B><ACK>\r\n");
+    rig.line.receive("<C><NACK>\r\n");
+    rig.panel.CheckRxData();
+    QCOMPARE(rig.log(), QStringLiteral("<A><ACK>\n<B><ACK>\n<C><NACK>\n"));
+    QCOMPARE(changes, 1);
+    rig.panel.handleReply("<D><ACK>"); // outside of a tick nothing is put off
+    QVERIFY(rig.log().endsWith("<D><ACK>\n"));
+}
+
+void tst_VexaK40Receiving::clearedInTheMiddleOfARun()
+{
+    tcPanelRig rig;
+    rig.open();
+    rig.panel.addText("old\n");
+    rig.line.receive("<A><ACK>\r\n");
+    QTimer::singleShot(0, &rig.panel, [&] {
+        rig.find<QPushButton>("clearPB")->click();
+        rig.line.receive("<B><ACK>\r\n");
+    });
+    rig.panel.CheckRxData();
+    QCOMPARE(rig.log(), QStringLiteral("<B><ACK>\n"));
 }
 
 void tst_VexaK40Receiving::lengthRule()
