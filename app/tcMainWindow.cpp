@@ -135,9 +135,12 @@ void tcMainWindow::buildMenus()
 void tcMainWindow::addDocuments(QMenu* apMenu)
 {
     const QDir folder(QCoreApplication::applicationDirPath());
-    const QFileInfoList documents = folder.entryInfoList(
-        {QStringLiteral("*.pdf")}, QDir::Files | QDir::Readable, QDir::Unsorted);
-    for (const QFileInfo& document : documents) {
+    // No name filter: one loads the engine of regular expressions.
+    const QFileInfoList files
+        = folder.entryInfoList(QDir::Files | QDir::Readable, QDir::Unsorted);
+    for (const QFileInfo& document : files) {
+        if (document.suffix().compare(QLatin1String("pdf"), Qt::CaseInsensitive) != 0)
+            continue;
         const QString path = document.absoluteFilePath();
         connect(apMenu->addAction(document.baseName()), &QAction::triggered, this,
                 [path] { openWithDesktop(path); });

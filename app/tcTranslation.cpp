@@ -33,10 +33,12 @@ QStringList tcTranslation::available()
 {
     makeCataloguesKnown();
     QStringList languages;
-    const QStringList files
-        = QDir(cFolder).entryList({QStringLiteral("tarvik_*.qm")}, QDir::Files, QDir::Name);
-    for (const QString& file : files)
-        languages.append(file.section('_', 1).section('.', 0, 0));
+    // No name filter: one loads the engine of regular expressions.
+    const QStringList files = QDir(cFolder).entryList(QDir::Files, QDir::Name);
+    for (const QString& file : files) {
+        if (file.startsWith(QLatin1String("tarvik_")) && file.endsWith(QLatin1String(".qm")))
+            languages.append(file.section('_', 1).section('.', 0, 0));
+    }
     return languages;
 }
 

@@ -17,6 +17,7 @@
 #include "ui_VexaK40.h"
 #include "widgets/tcDialogs.h"
 #include "widgets/tcHistoryKeys.h"
+#include "widgets/tcLateIcon.h"
 
 #include <QDateTime>
 #include <QDebug>
@@ -104,8 +105,8 @@ void tcVexaK40::setUpViews()
 void tcVexaK40::setUpCommandBoxes()
 {
     mForm->exampleCB->addItems(tcCommandHelp::entries());
-    mForm->exampleCB->setItemDelegate(new tcHelpDelegate(mForm->exampleCB));
-    mForm->CommandCB->lineEdit()->setClearButtonEnabled(true);
+    connect(mForm->exampleCB, &tcEntryBox::aboutToShow, this, &tcVexaK40::arrangeExamples);
+    tcLateIcon::enableClearButton(mForm->CommandCB->lineEdit());
     new tcCommandCompleter(mForm->CommandCB);
     new tcHistoryKeys(mForm->CommandCB->lineEdit(), [this] {
         QStringList sent;
@@ -113,6 +114,13 @@ void tcVexaK40::setUpCommandBoxes()
             sent.append(mForm->CommandCB->itemText(index));
         return sent;
     });
+}
+
+/// At first need, since it makes the list, which few operators ever drop down.
+void tcVexaK40::arrangeExamples()
+{
+    if (!mForm->exampleCB->findChild<tcHelpDelegate*>())
+        mForm->exampleCB->setItemDelegate(new tcHelpDelegate(mForm->exampleCB));
 }
 
 void tcVexaK40::connectCommands()

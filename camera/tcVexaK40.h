@@ -67,6 +67,7 @@ public Q_SLOTS:
 private:
     void setUpViews();
     void setUpCommandBoxes();
+    void arrangeExamples();
     void connectCommands();
     void connectPresets();
     void connectReceiving();

@@ -60,7 +60,8 @@ void tcCamlinkControl::connectForm()
     connect(mForm->cameraCB, QOverload<int>::of(&QComboBox::currentIndexChanged),
             mForm->controlSW, &QStackedWidget::setCurrentIndex);
     connect(mForm->openPB, &QPushButton::clicked, this, &tcCamlinkControl::open);
-    connect(mForm->portCB, &tcPortBox::aboutToShow, this, &tcCamlinkControl::refreshUnlessOpen);
+    connect(mForm->portCB, &tcEntryBox::aboutToShow, this,
+            &tcCamlinkControl::refreshUnlessOpen);
     // The button's own shortcut would go whenever its text changes.
     auto* press = new QShortcut(QKeySequence(QStringLiteral("Ctrl+O")), this);
     connect(press, &QShortcut::activated, mForm->openPB, &QPushButton::click);

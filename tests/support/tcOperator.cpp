@@ -103,6 +103,12 @@ int tcOperator::waitForExit()
     return mProgram.exitStatus() == QProcess::NormalExit ? mProgram.exitCode() : -1;
 }
 
+bool tcOperator::hasLoaded(const QString& acLibrary) const
+{
+    QFile map(QStringLiteral("/proc/%1/maps").arg(mProgram.processId()));
+    return map.open(QIODevice::ReadOnly) && map.readAll().contains(acLibrary.toUtf8());
+}
+
 int tcOperator::close()
 {
     mScreen.tool({"windowactivate", "--sync", mWindow});

@@ -30,6 +30,8 @@ public:
 
     /// Starts the program and waits for its window; false with a reason in output().
     bool start(const QString& acProgram);
+    /// The program's memory map names the library.
+    bool hasLoaded(const QString& acLibrary) const;
     bool isRunning() const { return mProgram.state() != QProcess::NotRunning; }
     /// Closes by the window manager, as the cross of the frame does; waits for the end and
     /// returns the exit status, or -1 if the program did not end by itself.

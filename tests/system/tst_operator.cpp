@@ -36,6 +36,8 @@ private Q_SLOTS:
     void keyboardAlone();
     void aboutBox();
     void exitByMenu();
+    void noDriverOfOpenGlIsLoaded();
+    void filesAreOpenedInTheEnvironmentAsItWas();
     void unusableSettings_data();
     void unusableSettings();
     void settingsBelowAFile();
@@ -175,6 +177,50 @@ void tst_Operator::exitByMenu()
     QCOMPARE(user.waitForExit(), 0);
     const QSettings settings(user.settingsFile(), QSettings::IniFormat);
     QCOMPARE(settings.value("panel/camera").toString(), QString("Vexa-K10"));
+}
+
+/// Nothing is drawn with it, and it would take longer to start than the program.
+void tst_Operator::noDriverOfOpenGlIsLoaded()
+{
+    for (const bool chosen : {false, true}) {
+        tcOperator user(screen(), home());
+        user.setPorts({}, true);
+        if (chosen)
+            user.setEnvironment("QT_XCB_GL_INTEGRATION", "xcb_glx");
+        QVERIFY2(user.start(cProgram), qPrintable(user.output()));
+        QVERIFY(user.hasLoaded("libqxcb.so"));
+        QCOMPARE(user.hasLoaded("libqxcb-glx-integration.so"), chosen);
+        const int status = user.close();
+        QVERIFY2(status == 0 || chosen, "a driver may leave something behind, the panel not");
+    }
+}
+
+void tst_Operator::filesAreOpenedInTheEnvironmentAsItWas()
+{
+    QFile opener(home() + "/xdg-open");
+    QVERIFY(opener.open(QIODevice::WriteOnly));
+    opener.write(
+        "#!/bin/sh\nenv > \"$HOME/seen.part\"\nmv \"$HOME/seen.part\" \"$HOME/seen\"\n");
+    opener.close();
+    QVERIFY(opener.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+    tcOperator user(screen(), home());
+    user.setPorts({}, true);
+    user.setEnvironment("PATH", home() + ":" + qEnvironmentVariable("PATH"));
+    QVERIFY2(user.start(cProgram), qPrintable(user.output()));
+    QFile seen(home() + "/seen");
+    // A key that got lost leaves the menu open.
+    bool opened = false;
+    for (int attempt = 0; attempt < 3 && !opened; ++attempt) {
+        user.keys({"Escape"});
+        QVERIFY(user.click(user.widget(tcOperator::teKind::MenuItem, "File")));
+        user.keys({"Down", "Return"});
+        opened = QTest::qWaitFor([&seen] { return seen.exists(); }, 10000);
+    }
+    QVERIFY(seen.open(QIODevice::ReadOnly));
+    const QByteArray environment = seen.readAll();
+    QVERIFY(environment.contains("HOME="));
+    QVERIFY2(!environment.contains("QT_XCB_GL_INTEGRATION"), environment.constData());
+    QCOMPARE(user.close(), 0);
 }
 
 void tst_Operator::unusableSettings_data()
