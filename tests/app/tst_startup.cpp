@@ -48,7 +48,9 @@ void tst_StartUp::openGlIsLeftOut()
 void tst_StartUp::openGlStaysTheChoiceOfWhoeverStarts()
 {
     QCOMPARE(glAfterStart("xcb_egl"), QByteArray("xcb_egl"));
+#ifndef Q_OS_WIN // where a variable that is empty is none
     QCOMPARE(glAfterStart(""), QByteArray(""));
+#endif
 }
 
 void tst_StartUp::languageIsTheFirstThatTheOperatorWants_data()
@@ -160,7 +162,9 @@ void tst_StartUp::environmentIsLeftAsItWas_data()
     QTest::addColumn<QByteArray>("chosen");
     QTest::newRow("nothing") << QByteArray();
     QTest::newRow("chosen") << QByteArray("xcb_egl");
+#ifndef Q_OS_WIN // where a variable that is empty is none
     QTest::newRow("Qt's own choice") << QByteArray("");
+#endif
 }
 
 void tst_StartUp::environmentIsLeftAsItWas()
