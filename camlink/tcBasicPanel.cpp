@@ -50,6 +50,8 @@ void tcBasicPanel::closePort()
 
 void tcBasicPanel::drainReceived()
 {
+    if (mSerialRef == 0)
+        return;
     const tcSerialLink::tcAvailable available = tcSerialLink::bytesAvailable(mSerialRef);
     if (available.status != 0 || available.bytes == 0)
         return;

@@ -3,7 +3,6 @@
 #include "tests/support/tcScriptedDialogs.h"
 
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -64,6 +63,7 @@ private:
     T* child(const char* acName) const;
     void open();
     void tick();
+    QTimer& pollTimer() const;
     QString shown() const;
     QScrollBar* filledView();
     const tcPanelUnderTest& kind() const;
@@ -118,6 +118,14 @@ QString tst_BasicPanels::shown() const
     return child<QPlainTextEdit>("PortRespPTE")->toPlainText();
 }
 
+QTimer& tst_BasicPanels::pollTimer() const
+{
+    const auto timers = mPanel->findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
+    if (timers.size() != 1)
+        qFatal("%d timers", timers.size());
+    return *timers.first();
+}
+
 void tst_BasicPanels::openSetsTheBaudRateAndPolls()
 {
     open();
@@ -125,9 +133,9 @@ void tst_BasicPanels::openSetsTheBaudRateAndPolls()
     QCOMPARE(mFake.callsOf("clSetBaudRate").at(0).number, 16u);
     mFake.receive("<VERS>");
     QTRY_COMPARE(shown(), QString("<VERS>"));
-    const auto* timer = mPanel->findChild<QTimer*>();
-    QVERIFY(timer);
-    QCOMPARE(timer->interval(), 100);
+    QCOMPARE(pollTimer().interval(), 100);
+    QVERIFY(!pollTimer().isSingleShot());
+    QVERIFY(pollTimer().isActive());
 }
 
 void tst_BasicPanels::baudRefusedIsToldAndNothingPolls()
@@ -135,10 +143,7 @@ void tst_BasicPanels::baudRefusedIsToldAndNothingPolls()
     mFake.failing["clSetBaudRate"] = -10008;
     open();
     QCOMPARE(shown(), QString("Unable to set baud rate!"));
-    // Whatever time passes: nothing asks for bytes.
-    QElapsedTimer clock;
-    clock.start();
-    QTRY_VERIFY(clock.elapsed() > 250);
+    QVERIFY(!pollTimer().isActive());
     QVERIFY(mFake.callsOf("clGetNumBytesAvail").isEmpty());
     // The panel keeps the port all the same.
     child<QPushButton>("SendCommandPB")->click();
@@ -150,11 +155,12 @@ void tst_BasicPanels::closeStopsPolling()
 {
     open();
     mPanel->closePort();
+    QVERIFY(!pollTimer().isActive());
     mFake.calls.clear();
-    QElapsedTimer clock;
-    clock.start();
-    QTRY_VERIFY(clock.elapsed() > 250);
-    QVERIFY(mFake.calls.isEmpty());
+    tick(); // one that was due already
+    child<QPushButton>("SendPresetPB")->click();
+    QVERIFY(mFake.callsOf("clSerialRead").isEmpty());
+    QVERIFY(mFake.writes().isEmpty());
 }
 
 void tst_BasicPanels::closedSendsNothing()
