@@ -218,7 +218,8 @@ void tcVexaK40::openPort(tcSerialLink::tcRef aRef)
     }
     // As designed: the rate is shown as the library's code.
     addText(tr("Port opened [%1] BR set to %2\n").arg(aRef).arg(tcSerialLink::cBaudCode115200));
-    mRxTimer.start();
+    if (mSerialRef != 0) // nobody closed it at these words
+        mRxTimer.start();
 }
 
 void tcVexaK40::closePort()

@@ -117,6 +117,8 @@ void tcCamlinkControl::openPort()
         panel->setManufacturer(mManufacturer);
         panel->openPort(mSerialRef);
     }
+    if (mSerialRef == 0)
+        return; // closed again by whoever heard the panel's first words
     mForm->openPB->setText(tr("Close"));
     mForm->cameraCB->setEnabled(false);
     Q_EMIT opened(true);

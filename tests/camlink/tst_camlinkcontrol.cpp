@@ -16,6 +16,7 @@
 #include <QStackedWidget>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <memory>
 
@@ -63,6 +64,7 @@ private Q_SLOTS:
     void thousandOpenAndCloseCycles();
     void unpluggedWhileOpenStillCloses();
     void closedFromInsideAReply();
+    void closedWhileItOpens();
 
     void cameraIsStoredAndRestored();
     void everyPanelStoresAndRestoresItsOwn();
@@ -495,6 +497,23 @@ void tst_CamlinkControl::closedFromInsideAReply()
         disconnect(connection);
         QVERIFY(replies(page).contains("<STRT><ACK>"));
     }
+}
+
+void tst_CamlinkControl::closedWhileItOpens()
+{
+    // Somebody listens to the view and closes the port at the first word about it.
+    QSignalSpy opened(mChooser.get(), &tcCamlinkControl::opened);
+    auto* view = pages()->widget(0)->findChild<QPlainTextEdit*>("PortRespPTE");
+    const auto connection = connect(view, &QPlainTextEdit::textChanged, this,
+                                    [this] { mChooser->closeCamera(); });
+    button()->click();
+    disconnect(connection);
+    QCOMPARE(mFake.openRefs(), 0);
+    QCOMPARE(button()->text(), QString("Open"));
+    QVERIFY(cameras()->isEnabled());
+    QCOMPARE(opened.last().at(0).toBool(), false);
+    for (const auto* timer : pages()->widget(0)->findChildren<QTimer*>())
+        QVERIFY(!timer->isActive() || timer->interval() != 20);
 }
 
 void tst_CamlinkControl::cameraIsStoredAndRestored()
