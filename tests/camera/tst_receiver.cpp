@@ -31,6 +31,7 @@ private Q_SLOTS:
     void asksForWhatWaits();
     void fourGigabytesAnnounced();
     void readsOfNothingAreFew();
+    void readsOfNothingCountInARow();
     void withoutAPortNothingHappens();
 
     void nestedRunDoesNothing();
@@ -46,6 +47,7 @@ private Q_SLOTS:
     void everyPortionOfAReply();
     void replyCutBehindItsAckWaitsForTheRest();
     void replyWithoutLineEndIsHandledAtOnce();
+    void failureBehindAReplyWithoutLineEnd();
     void lineEndInTheNextRun();
     void charactersCutInTwo();
     void bytesOfAllValues();
@@ -196,6 +198,20 @@ void tst_Receiver::readsOfNothingAreFew()
     QVERIFY(!receiver->lastRxTime().isValid());
 }
 
+void tst_Receiver::readsOfNothingCountInARow()
+{
+    line.availableCount = 7;
+    line.partialStatus = 0;
+    line.onCall = [this](const tcFakeSerial::tcCall& acCall) {
+        const int reads = line.callsOf(cRead).size();
+        if (acCall.function == cRead && (reads == 5 || reads == 10))
+            line.feedAtOnce("x");
+    };
+    QVERIFY(receiver->run());
+    QCOMPARE(bytes, QByteArray("xx"));
+    QCOMPARE(line.callsOf(cRead).size(), 4 + 1 + 4 + 1 + 5);
+}
+
 void tst_Receiver::withoutAPortNothingHappens()
 {
     receiver->stop();
@@ -322,6 +338,15 @@ void tst_Receiver::replyWithoutLineEndIsHandledAtOnce()
 {
     line.receive("<GEXP><ACK><500>");
     QVERIFY(receiver->run());
+    QCOMPARE(replies, QStringList{"<GEXP><ACK><500>"});
+}
+
+void tst_Receiver::failureBehindAReplyWithoutLineEnd()
+{
+    line.receive("<GEXP><ACK><500>");
+    atPoll(2, [this] { line.failing[cCount] = -10006; });
+    QVERIFY(receiver->run());
+    QCOMPARE(polls(), 2);
     QCOMPARE(replies, QStringList{"<GEXP><ACK><500>"});
 }
 

@@ -298,6 +298,11 @@ void tst_SensorMonitor::nextStartBeginsAnew()
     QCOMPARE(curve->title().text(), QString("Board Temperature "));
     QCOMPARE(int(curve->dataSize()), 0);
     QCOMPARE(curve->pen().color(), tcStripCurve::stripCurveColor(0));
+    mCommands->clear();
+    mMonitor->pollAll();
+    QCOMPARE(sentCommands(), QStringList{"<SENS 2>"});
+    mMonitor->addReading(1, 20.0); // not polled any more
+    QCOMPARE(int(curve->dataSize()), 0);
 }
 
 void tst_SensorMonitor::simulatedReadings()
