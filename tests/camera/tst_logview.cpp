@@ -29,6 +29,7 @@ private Q_SLOTS:
     void cursorGoesToTheEndOnRequest();
     void textBelowTheLimitIsLeftAlone();
     void tooLongALogPutsTheCursorToTheEnd();
+    void goingToTheEndEndsASelection();
     void sameAsTheRuleAtItsWord_data();
     void sameAsTheRuleAtItsWord();
     void othersMayChangeTheText();
@@ -111,6 +112,17 @@ void tst_LogView::tooLongALogPutsTheCursorToTheEnd()
     log->applyLimit(5);
     QCOMPARE(view.toPlainText(), QStringLiteral("123456"));
     QCOMPARE(view.textCursor().position(), 6);
+}
+
+void tst_LogView::goingToTheEndEndsASelection()
+{
+    QPlainTextEdit view;
+    auto* log = new tcLogView(&view);
+    log->append("123456", false);
+    view.selectAll();
+    log->applyLimit(5);
+    QVERIFY(!view.textCursor().hasSelection());
+    QVERIFY(view.textCursor().atEnd());
 }
 
 void tst_LogView::sameAsTheRuleAtItsWord_data()
