@@ -34,6 +34,7 @@ private Q_SLOTS:
     void portClosedWhileTheDialogWasOpen();
 
     void historyIsKept();
+    void loadingAgainReplacesTheHistory();
     void shorterHistoryLeavesNothingBehind();
     void historySizeThatLies_data();
     void historySizeThatLies();
@@ -320,6 +321,19 @@ void tst_VexaK40Presets::historyIsKept()
     QCOMPARE(settings().value("Vexa-K20 (Temp controlled)/cmds/size").toInt(), 4);
     QCOMPARE(settings().value("Vexa-K20 (Temp controlled)/cmds/4/cmd").toString(),
              QStringLiteral("A"));
+}
+
+void tst_VexaK40Presets::loadingAgainReplacesTheHistory()
+{
+    settings().setValue("Vexa-K20 (Temp controlled)/cmds/size", 1);
+    settings().setValue("Vexa-K20 (Temp controlled)/cmds/1/cmd", "A");
+    tcPanelRig rig;
+    rig.type("B");
+    QTest::keyClick(rig.commandLine(), Qt::Key_Return);
+    for (int load = 0; load < 2; ++load) {
+        rig.panel.loadSettings(&settings());
+        QCOMPARE(rig.history(), QStringList{"A"});
+    }
 }
 
 void tst_VexaK40Presets::shorterHistoryLeavesNothingBehind()
