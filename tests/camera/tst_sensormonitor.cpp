@@ -431,6 +431,9 @@ void tst_SensorMonitor::comPortDialogCancelled()
     tcScriptedDialogs dialogs;
     mMonitor->addOmegaMonitor();
     QCOMPARE(mList->count(), 15);
+    dialogs.itemAnswer = QString(); // the empty line of a list without ports
+    mMonitor->addOmegaMonitor();
+    QCOMPARE(mList->count(), 15);
 }
 
 void tst_SensorMonitor::sourceIsStartedAndPlotted()
