@@ -52,8 +52,6 @@ private Q_SLOTS:
     void coolerAndSensors();
     void malformedCommands_data();
     void malformedCommands();
-    void preset_data();
-    void preset();
 };
 
 void tst_CameraCommands::readoutCommands_data()
@@ -246,63 +244,6 @@ void tst_CameraCommands::malformedCommands_data()
 void tst_CameraCommands::malformedCommands()
 {
     checkCommand();
-}
-
-void tst_CameraCommands::preset_data()
-{
-    QTest::addColumn<QByteArray>("model");
-    QTest::addColumn<QByteArray>("script");
-    const auto row = [](const char* acModel, const char* acScript) {
-        QTest::addRow("%s: %s", acModel, acScript)
-            << QByteArray(acModel) << QByteArray(acScript).replace(' ', '\n').replace('_', ' ');
-    };
-    for (const char* mode : {"<SOMD_0> <SBPP_0>", "<SOMD_0> <SBPP_1>", "<SOMD_1> <SBPP_0>",
-                             "<SOMD_1> <SBPP_1>", "<SOMD_1> <SBPP_2>"})
-        row("r60", QByteArray("<STOP> <SROI_0_0_2560_2160> ") + mode + " <SFIT_0> <STRT> ");
-    for (const char* shutter : {"<SMOD_0>", "<SMOD_1>"}) {
-        for (const char* mode :
-             {"<SCLK_200> <SSQRT_0> <SOMD_0> <SBPP_0>",
-              "<SCLK_200> <SSQRT_0> <SOMD_0> <SBPP_1>",
-              "<SCLK_200> <SSQRT_0> <SOMD_1> <SBPP_0>", "<SCLK_80> <SSQRT_0> <SOMD_1> <SBPP_1>",
-              "<SCLK_200> <SSQRT_1> <SOMD_1> <SBPP_2>"})
-            row("r70",
-                QByteArray("<STOP> ") + shutter + " <SROI_0_0_1920_1080> " + mode
-                    + " <SFIT_0> <STRT> ");
-    }
-    for (const char* model : {"k20", "k30", "k20-tec"}) {
-        const QByteArray head = qstrcmp(model, "k20-tec") == 0
-            ? "<STOP> <STEC_24.0> <COOL_1> <FAN_1> "
-            : "<STOP> ";
-        for (const char* size : {"<SCLK_6> <NROI_1> <SROI_336_112_1824_416>",
-                                 "<SCLK_5> <NROI_1> <SROI_0_0_2048_1088>"}) {
-            for (const char* trigger : {"<TRIG_0>", "<TRIG_1>"})
-                row(model,
-                    head + size + " <SOMD_0> <SBPP_4> <SEXP_500> <SFIT_0> " + trigger
-                        + " <STRT> ");
-        }
-    }
-    for (const char* model : {"k40", "k50"}) {
-        for (const char* mode :
-             {"<SOMD_0> <SBPP_0> <SCLK_7> <SFIT_0>", "<SOMD_0> <SBPP_1> <SCLK_2> <SFIT_0>",
-              "<SOMD_1> <SBPP_0> <SFIT_50000>", "<SOMD_1> <SBPP_1> <SFIT_100000>",
-              "<SOMD_1> <SBPP_2> <SFIT_50000>"})
-            row(model, QByteArray("<STOP> <NROI_1> <SROI_0_0_3360_2496> ") + mode + " <STRT> ");
-    }
-}
-
-/// A whole script in one write: every command is accepted, in order.
-void tst_CameraCommands::preset()
-{
-    QFETCH(QByteArray, model);
-    QFETCH(QByteArray, script);
-    tcBenchCamera camera(model.constData());
-    camera.send(script);
-    camera.now += tcBenchCamera::cSecond;
-    QByteArray expected;
-    for (const QByteArray& command : script.trimmed().split('\n'))
-        expected += command + "<ACK>\r\n";
-    QCOMPARE(camera.receive(), expected);
-    QVERIFY(camera.sim.state().acquiring);
 }
 
 QTEST_GUILESS_MAIN(tst_CameraCommands)
