@@ -11,7 +11,8 @@ namespace
 {
 
 #if defined(_WIN32)
-constexpr const char* cLibrary = "/vexa-replay.dll";
+// Windows wants its own separator here.
+constexpr const char* cLibrary = "\\vexa-replay.dll";
 #else
 constexpr const char* cLibrary = "/vexa-replay.so";
 #endif

@@ -257,7 +257,10 @@ void tst_CameraReplay::refusesWhatIsNoFile()
     QVERIFY2(mMessage.find(folder.constData()) == 0, mMessage.c_str());
     const QByteArray missing = folder + "/missing.csv";
     QVERIFY(!tcCameraReplay::open({missing.constData(), 1, false, cAllSensors}, mMessage));
-    QCOMPARE(QByteArray::fromStdString(mMessage), missing + ": No such file or directory");
+    // The rest is said in the system's words.
+    const QByteArray message = QByteArray::fromStdString(mMessage);
+    QVERIFY2(message.startsWith(missing + ": ") && message.size() > missing.size() + 5,
+             message);
 #ifdef Q_OS_UNIX
     QVERIFY(!tcCameraReplay::open({"/dev/zero", 1, false, cAllSensors}, mMessage));
     QCOMPARE(mMessage, std::string("/dev/zero: not a file"));
