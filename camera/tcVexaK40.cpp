@@ -107,6 +107,7 @@ void tcVexaK40::setUpCommandBoxes()
     mForm->exampleCB->addItems(tcCommandHelp::entries());
     connect(mForm->exampleCB, &tcEntryBox::aboutToShow, this, &tcVexaK40::arrangeExamples);
     tcLateIcon::enableClearButton(mForm->CommandCB->lineEdit());
+    mForm->CommandCB->lineEdit()->setAccessibleName(mForm->CommandCB->accessibleName());
     new tcCommandCompleter(mForm->CommandCB);
     new tcHistoryKeys(mForm->CommandCB->lineEdit(), [this] {
         QStringList sent;

@@ -51,6 +51,7 @@ tcLimitsDialog::tcLimitsDialog(tcLimitAlarm& arAlarm, const QStringList& acCurve
     rows->setColumnStretch(0, 1);
     rows->setRowStretch(acCurves.size() + 1, 1);
     auto* area = new QScrollArea;
+    area->setAccessibleName(windowTitle());
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setWidget(content);

@@ -15,6 +15,7 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTabWidget>
+#include <QTemporaryFile>
 #include <QTest>
 
 #include <memory>
@@ -36,10 +37,14 @@ private Q_SLOTS:
     void chart();
     void dialogsOfTheChart_data();
     void dialogsOfTheChart();
+    void findBarOfAView_data();
+    void findBarOfAView();
+    void everyMenuEntryHasAName();
 
 private:
     void writeSettings(const QString& acCamera, bool abAdvanced) const;
     void openWindow();
+    QWidget* visible(const QString& acName) const;
     tcStripChart* openChart(int anSensors);
     static void toCheckEachTab(QWidget& arWindow);
 
@@ -126,18 +131,20 @@ void tst_Accessible::openWindow()
     QVERIFY(QTest::qWaitForWindowActive(mWindow.get()));
 }
 
+QWidget* tst_Accessible::visible(const QString& acName) const
+{
+    for (QWidget* widget : mWindow->findChildren<QWidget*>(acName)) {
+        if (widget->isVisible())
+            return widget;
+    }
+    return nullptr;
+}
+
 /// The chart of the full panel with so many curves; null if it does not come.
 tcStripChart* tst_Accessible::openChart(int anSensors)
 {
     writeSettings("Vexa-K50", false);
     openWindow();
-    const auto visible = [this](const char* acName) -> QWidget* {
-        for (QWidget* widget : mWindow->findChildren<QWidget*>(acName)) {
-            if (widget->isVisible())
-                return widget;
-        }
-        return nullptr;
-    };
     auto* list = qobject_cast<QListWidget*>(visible("sensorsLW"));
     auto* plot = qobject_cast<QPushButton*>(visible("tempsPB"));
     if (!list || !plot)
@@ -245,6 +252,10 @@ void tst_Accessible::dialogsOfTheChart_data()
                              << "tcMarkerInfo";
     QTest::newRow("statistics") << "Statistics..."
                                 << "tcStatisticsDialog";
+    QTest::newRow("limits") << "Limits..."
+                            << "tcLimitsDialog";
+    QTest::newRow("skipped rows") << "Skipped Rows..."
+                                  << "QDialog";
 }
 
 void tst_Accessible::dialogsOfTheChart()
@@ -253,6 +264,13 @@ void tst_Accessible::dialogsOfTheChart()
     QFETCH(QString, name);
     tcStripChart* chart = openChart(3);
     QVERIFY(chart);
+    if (entry == "Skipped Rows...") { // which is there for a file with such rows alone
+        QTemporaryFile file;
+        QVERIFY(file.open());
+        file.write("time,A\n1000,1\nnever,2\n");
+        file.close();
+        chart->loadCsvFile(file.fileName());
+    }
     const auto menu = chart->plotMenu({10, 10});
     QList<QAction*> entries = menu->actions();
     for (const QAction* action : menu->actions()) {
@@ -265,13 +283,50 @@ void tst_Accessible::dialogsOfTheChart()
     }
     QDialog* dialog = nullptr;
     for (QDialog* candidate : chart->findChildren<QDialog*>()) {
-        if (candidate->inherits(qPrintable(name)))
+        if (qPrintable(name) == QByteArray(candidate->metaObject()->className()))
             dialog = candidate;
     }
     QVERIFY(dialog && dialog->isVisible());
     QTRY_COMPARE(QApplication::activeWindow(), dialog);
     QVERIFY(!focusable(*dialog).isEmpty());
     toCheckEachTab(*dialog);
+}
+
+void tst_Accessible::findBarOfAView_data()
+{
+    QTest::addColumn<QString>("view");
+    QTest::newRow("log") << "PortRespPTE";
+    QTest::newRow("last reply") << "lastRespPTE";
+}
+
+void tst_Accessible::findBarOfAView()
+{
+    QFETCH(QString, view);
+    writeSettings("Vexa-K50", false);
+    openWindow();
+    QWidget* log = visible(view);
+    QVERIFY(log);
+    const int before = focusable(*mWindow).size();
+    log->setFocus();
+    QTest::keyClick(log, Qt::Key_F, Qt::ControlModifier);
+    QTRY_COMPARE(focusable(*mWindow).size(), before + 3); // the text and two arrows
+    QVERIFY(QApplication::focusWidget() && QApplication::focusWidget() != log);
+    toCheckEachTab(*mWindow);
+}
+
+void tst_Accessible::everyMenuEntryHasAName()
+{
+    tcStripChart* chart = openChart(3);
+    QVERIFY(chart);
+    const auto plotMenu = chart->plotMenu({10, 10});
+    QList<QMenu*> menus = mWindow->findChildren<QMenu*>() + plotMenu->findChildren<QMenu*>();
+    menus.append(plotMenu.get());
+    QVERIFY(menus.size() >= 5);
+    for (const QMenu* menu : qAsConst(menus)) {
+        for (const QAction* action : menu->actions())
+            QVERIFY2(action->isSeparator() || !action->text().isEmpty(),
+                     qPrintable(menu->title()));
+    }
 }
 
 QTEST_MAIN(tst_Accessible)
