@@ -37,5 +37,9 @@ void tcAxisChooser::addRow(const QwtPlot& acPlot, tcStripCurve& arCurve)
                 if (ref->get())
                     Q_EMIT axisChosen(ref->get(), anAxis);
             });
+    connect(&acPlot, &QwtPlot::legendDataChanged, label, [ref, label] {
+        if (ref->get())
+            label->setText(ref->get()->title().text());
+    });
     connect(ref, &tcCurveRef::gone, this, [this, box] { mRows->removeRow(box); });
 }

@@ -10,8 +10,8 @@ class QwtPlot;
 
 Q_DECLARE_METATYPE(tcStripCurve*)
 
-/// Lets the operator move each curve to the left or the right axis, at once. A curve that
-/// leaves the plot leaves the dialog.
+/// Lets the operator move each curve to the left or the right axis, at once. It follows titles
+/// that change, and a curve that leaves the plot leaves it.
 class tcAxisChooser : public QDialog
 {
     Q_OBJECT

@@ -12,6 +12,7 @@ constexpr double cSpreadDown = 0.999;
 constexpr double cSpreadUp = 1.001;
 constexpr int cGaps = 10;
 constexpr int cMinorPerGap = 5;
+constexpr double cNothing = 1e-12; ///< of a range's width
 
 bool isEqualInPractice(const tcExtent& acExtent)
 {
@@ -30,12 +31,14 @@ tcFit spreadFit(const tcExtent& acExtent)
     return {{acExtent.smallest * cSpreadDown, acExtent.largest * cSpreadUp}, true};
 }
 
-// Through the width, so that the last tick of a range hits its end exactly.
+// The last tick of a range hits its end, and one at zero hits that, however the sums round.
 double tickAt(const tcRange& acRange, int anIndex, int anGaps)
 {
     if (anIndex == anGaps)
         return acRange.to;
-    return acRange.from + anIndex * (acRange.to - acRange.from) / anGaps;
+    const double width = acRange.to - acRange.from;
+    const double tick = acRange.from + anIndex * width / anGaps;
+    return std::abs(tick) < width * cNothing ? 0.0 : tick;
 }
 } // namespace
 

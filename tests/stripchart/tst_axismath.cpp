@@ -38,6 +38,7 @@ private Q_SLOTS:
     void precision_data();
     void precision();
     void elevenTicksEndAtTheEnds();
+    void ticksHitZeroExactly();
     void minorTicksStandBetweenTheMajorOnes();
     void threeTicksAreSmallestMiddleLargest();
     void spanWindow_data();
@@ -131,6 +132,20 @@ void tst_AxisMath::elevenTicksEndAtTheEnds()
     for (int i = 0; i < 11; ++i)
         QVERIFY(near(ticks.at(i), 10.0 + i * 4.0));
     QCOMPARE(elevenTicks({0.1, 0.7}).last(), 0.7);
+}
+
+// What is left by rounding would be labelled: 3.46945e-18, or -0.000.
+void tst_AxisMath::ticksHitZeroExactly()
+{
+    for (const tcRange range : {tcRange{-0.03, 0.27}, tcRange{-0.07, 0.03}, tcRange{-2.1, 4.9},
+                                tcRange{-0.7, 0.7}, tcRange{-999.0, 999.0}}) {
+        int zeros = 0;
+        for (const double tick : elevenTicks(range)) {
+            QVERIFY2(tick == 0.0 || std::abs(tick) > 1e-4, qPrintable(QString::number(tick)));
+            zeros += tick == 0.0 && !std::signbit(tick) ? 1 : 0;
+        }
+        QCOMPARE(zeros, 1);
+    }
 }
 
 void tst_AxisMath::minorTicksStandBetweenTheMajorOnes()

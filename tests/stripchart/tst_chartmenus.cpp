@@ -45,6 +45,7 @@ private Q_SLOTS:
     void addMarkerHereUsesCanvasPixels();
     void resetEntry();
     void axisChooser();
+    void axisChooserFollowsATitle();
     void axisChooserOutlivesItsCurves();
     void axisChooserScrollsManyCurves();
     void chartDestroyedWhilePlotMenuIsOpen();
@@ -323,6 +324,20 @@ void tst_ChartMenus::axisChooser()
     QCOMPARE(probe.b->yAxis(), int(QwtPlot::yLeft));
     QCOMPARE(probe.c->yAxis(), int(QwtPlot::yRight));
     QVERIFY(probe.plot->axisEnabled(QwtPlot::yRight));
+}
+
+void tst_ChartMenus::axisChooserFollowsATitle()
+{
+    tcThreeCurves probe;
+    entry(*probe.chart->plotMenu({10, 10}), "Assign Axis...")->trigger();
+    const auto* rows
+        = probe.child<tcAxisChooser>("tcAxisChooser")->findChild<QFormLayout*>("formLayout");
+    probe.b->setTitle(QString("Oven"));
+    QStringList titles;
+    for (int row = 0; row < 3; ++row)
+        titles += qobject_cast<QLabel*>(rows->itemAt(row, QFormLayout::LabelRole)->widget())
+                      ->text();
+    QCOMPARE(titles, (QStringList{"A", "Oven", "C"}));
 }
 
 void tst_ChartMenus::axisChooserOutlivesItsCurves()
