@@ -428,7 +428,8 @@ private Q_SLOTS:
         QTimer timer;
         connect(&timer, &QTimer::timeout, this, [&] {
             ++answers;
-            busy = busy && QApplication::overrideCursor() && !chart().isUpdating();
+            const QCursor* cursor = QApplication::overrideCursor();
+            busy = busy && cursor && cursor->shape() == Qt::BusyCursor && !chart().isUpdating();
             chart().loadCsvFile(mProbe->path("pipe")); // does nothing meanwhile
             auto* dialog = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
             if (!dialog)

@@ -13,8 +13,15 @@
 #include <QMimeData>
 #include <QPointer>
 #include <QRegularExpression>
+#include <QTimer>
 #include <QTreeWidget>
 #include <QUrl>
+
+#ifdef Q_OS_UNIX
+#include <atomic>
+#include <sys/stat.h>
+#include <thread>
+#endif
 
 class tst_FileTools : public QObject
 {
@@ -92,6 +99,41 @@ private:
 private Q_SLOTS:
     void init() { mProbe = std::make_unique<tcFilesProbe>(); }
     void cleanup() { mProbe.reset(); }
+
+#ifdef Q_OS_UNIX
+    void waitCursorWhileSaving()
+    {
+        constexpr int cSamples = 100000;
+        mProbe->child<QSpinBox>("spinBoxSamples")->setValue(cSamples);
+        for (int i = 0; i < cSamples; ++i)
+            mProbe->a->addSample(i, i);
+        const QString pipe = mProbe->path("pipe");
+        QCOMPARE(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
+        std::atomic<bool> seen{false};
+        std::thread reader([&seen, &pipe] { // slowly, until the cursor was looked at
+            QFile file(pipe);
+            file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+            while (!file.read(1024).isEmpty())
+                if (!seen)
+                    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        });
+        Qt::CursorShape shape = Qt::ArrowCursor;
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, this, [&] {
+            if (const QCursor* cursor = QApplication::overrideCursor()) {
+                shape = cursor->shape();
+                seen = true;
+            }
+        });
+        timer.start(0);
+        mProbe->dialogs.fileAnswer = pipe;
+        mProbe->chart->slotSave();
+        seen = true;
+        reader.join();
+        QCOMPARE(shape, Qt::WaitCursor);
+        QVERIFY(!QApplication::overrideCursor());
+    }
+#endif
 
     void submenuAmongTheChartsOwnActions()
     {
