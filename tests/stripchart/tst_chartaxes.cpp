@@ -1,6 +1,5 @@
 #include "stripchart/PrecisionScaleDraw.h"
 #include "stripchart/TimeScaleDraw.h"
-#include "stripchart/tcMarkerTable.h"
 #include "stripchart/tcStripMarker.h"
 #include "tests/stripchart/tcChartProbe.h"
 
@@ -10,7 +9,6 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSplitter>
-#include <QTabWidget>
 #include <QtTest>
 #include <qwt_plot_grid.h>
 #include <qwt_scale_widget.h>

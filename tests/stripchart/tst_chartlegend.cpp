@@ -1,24 +1,12 @@
-#include "stripchart/tcAxisChooser.h"
-#include "stripchart/tcMarkerTable.h"
 #include "stripchart/tcMinMaxLines.h"
 #include "tests/stripchart/tcThreeCurves.h"
 #include "tests/support/tcScriptedDialogs.h"
 
 #include <QApplication>
-#include <QClipboard>
-#include <QComboBox>
-#include <QFormLayout>
-#include <QGroupBox>
-#include <QLabel>
 #include <QMenu>
 #include <QPointer>
-#include <QPushButton>
-#include <QScreen>
 #include <QScrollBar>
-#include <QTabWidget>
 #include <QtTest>
-#include <qwt_plot_canvas.h>
-#include <qwt_plot_grid.h>
 
 class tst_ChartLegend : public QObject
 {

@@ -1,6 +1,5 @@
 #include "stripchart/tcAxisChooser.h"
 #include "stripchart/tcMarkerTable.h"
-#include "stripchart/tcMinMaxLines.h"
 #include "tests/stripchart/tcThreeCurves.h"
 #include "tests/support/tcScriptedDialogs.h"
 
@@ -12,13 +11,10 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPointer>
-#include <QPushButton>
 #include <QScreen>
-#include <QScrollBar>
 #include <QTabWidget>
 #include <QTemporaryFile>
 #include <QtTest>
-#include <qwt_plot_canvas.h>
 #include <qwt_plot_grid.h>
 
 class tst_ChartMenus : public QObject

@@ -1,14 +1,10 @@
-#include "stripchart/tcMarkerTable.h"
 #include "stripchart/tcMinMaxLines.h"
 #include "tests/stripchart/tcChartProbe.h"
 
-#include <QMetaMethod>
-#include <QPen>
-#include <QSplitter>
 #include <QtTest>
 #include <qwt_plot_grid.h>
+#include <qwt_scale_draw.h>
 #include <qwt_scale_engine.h>
-#include <qwt_scale_widget.h>
 
 #include <cmath>
 #include <limits>
