@@ -11,6 +11,8 @@
 #include <QtTest>
 #include <qwt_symbol.h>
 
+#include <cmath>
+
 namespace
 {
 constexpr double cT = tcMarkedChart::cT;
@@ -29,6 +31,7 @@ private Q_SLOTS:
     void initTestCase() { QGuiApplication::setApplicationDisplayName("Vexa Tarvik"); }
     void markerSnapsToANearSample_data();
     void markerSnapsToANearSample();
+    void markerSnapsBelowTenPixels();
     void markerSnapsOnTheRightAxis();
     void markerIgnoresHiddenCurves();
     void markerLook();
@@ -83,6 +86,20 @@ void tst_ChartMarkers::markerSnapsToANearSample()
     QCOMPARE(marker->symbol()->brush(), QBrush(color));
     QCOMPARE(marker->label().color(), color);
     QCOMPARE(probe.a->markers().size(), snaps ? 1 : 0);
+}
+
+void tst_ChartMarkers::markerSnapsBelowTenPixels()
+{
+    tcMarkedChart probe;
+    const QPointF sample(probe.plot->transform(QwtPlot::xBottom, cT - 4000.0),
+                         probe.plot->transform(QwtPlot::yLeft, 40.0));
+    for (int dx = -11; dx <= 11; ++dx)
+        for (const int dy : {-10, -9, 0, 9, 10}) {
+            const QPoint pos = sample.toPoint() + QPoint(dx, dy);
+            const bool near = std::hypot(sample.x() - pos.x(), sample.y() - pos.y()) < 10.0;
+            const QUuid key = probe.chart->markers().place(pos);
+            QCOMPARE(probe.chart->marker(key)->curve() != nullptr, near);
+        }
 }
 
 void tst_ChartMarkers::markerSnapsOnTheRightAxis()
@@ -226,6 +243,8 @@ void tst_ChartMarkers::hitTest()
     const tcStripMarker& marker = *table.find(key);
     const QPoint centre = probe.pixel(marker.xValue(), marker.yValue());
     QCOMPARE(table.markerAt(centre + offset), hit ? &marker : nullptr);
+    QCOMPARE(table.keyAt(centre + offset), hit ? key : QUuid());
+    table.find(key)->setVisible(false); // as with its curve
     QCOMPARE(table.keyAt(centre + offset), hit ? key : QUuid());
 }
 

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void minMaxLinesAtStart();
     void refreshFollowsTheCurve();
     void pausedTickLeavesTheLines();
+    void followingAnotherCurveRefreshes();
     void refreshFromZeroTakesTheSmallest();
     void refreshOfAnEmptyCurveChangesNothing();
     void readingWidensWithoutLabel();
@@ -83,6 +84,22 @@ void tst_MinMaxLines::pausedTickLeavesTheLines()
     probe.chart->slot_Pause(false);
     probe.chart->tick();
     QCOMPARE(lines.maxLine().yValue(), 55.0);
+}
+
+void tst_MinMaxLines::followingAnotherCurveRefreshes()
+{
+    tcMarkedChart probe;
+    const auto b = probe.curve("B", 1);
+    b->addSample(probe.now, 70.0);
+    probe.chart->addCurve(b.get(), probe.key);
+    QCoreApplication::processEvents();
+    for (tcStripCurve* curve : {probe.a.get(), b.get()}) {
+        auto menu
+            = probe.chart->legendMenu(probe.label(curve)->mapTo(probe.legend, QPoint(5, 5)));
+        menu->actions().at(3)->trigger();
+    }
+    QCOMPARE(probe.chart->minMaxLines().minLine().label().text(), QString("Min: 70.000"));
+    QCOMPARE(probe.chart->minMaxLines().maxLine().label().text(), QString("Max: 70.000"));
 }
 
 void tst_MinMaxLines::refreshFromZeroTakesTheSmallest()
