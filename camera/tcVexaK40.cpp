@@ -27,6 +27,7 @@
 #include <QScrollBar>
 #include <QSettings>
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -39,6 +40,7 @@ constexpr quint32 cWriteTimeoutMs = 200;
 constexpr quint32 cFileTimeoutMs = 1000;
 constexpr int cDefaultLength = 5000;
 constexpr int cHiddenHexMs = 200;
+constexpr int cShownHexMs = 33; ///< faster than anybody reads
 constexpr int cLedSize = 8;
 constexpr int cLastReplyLines = 3; ///< two and the frame around them
 
@@ -400,15 +402,21 @@ void tcVexaK40::clearViews()
 
 void tcVexaK40::updateHexSoon()
 {
-    // Out of sight it may lag a little: it is brought up to date when its tab is chosen.
-    if (mHexIsOld && !mHexTimer.isActive())
-        mHexTimer.start(mForm->RespHexPTE->isVisible() ? 0 : cHiddenHexMs);
+    if (!mHexIsOld || mHexTimer.isActive())
+        return;
+    // Out of sight it may lag a little: it is brought up to date when its tab is chosen. In
+    // sight the first bytes are shown at once, and those of a line that never pauses together.
+    const qint64 age = mHexAge.isValid() ? mHexAge.elapsed() : cShownHexMs;
+    const bool shown = mForm->RespHexPTE->isVisible();
+    mHexTimer.start(shown ? static_cast<int>(std::max<qint64>(0, cShownHexMs - age))
+                          : cHiddenHexMs);
 }
 
 void tcVexaK40::updateHex()
 {
     if (!std::exchange(mHexIsOld, false))
         return;
+    mHexAge.start();
     QScrollBar* bar = mForm->RespHexPTE->verticalScrollBar();
     const int position = bar->value();
     mForm->RespHexPTE->setPlainText(tcHexDump::text(mRxBuffer.bytes()));

@@ -5,6 +5,7 @@
 #include "camlink/logic/teCmvType.h"
 #include "camlink/tcCamlinkIface.h"
 
+#include <QElapsedTimer>
 #include <QTimer>
 
 #include <memory>
@@ -102,6 +103,7 @@ private:
     QTimer mKeepAliveTimer;
     QTimer mHexTimer; ///< one hex view for all that came in one pass of the event loop
     tcRxHistory mRxBuffer;
+    QElapsedTimer mHexAge;   ///< since the hex view was last set
     bool mHexIsOld = false;  ///< the received bytes are not those of the hex view
     bool mReceiving = false; ///< inside a run of the receiver
     QString mLastReply;

@@ -1,6 +1,7 @@
 #include "app/logic/tcHexDump.h"
 #include "tests/camera/tcPanelRig.h"
 
+#include <QElapsedTimer>
 #include <QScrollBar>
 #include <QSet>
 #include <QSignalSpy>
@@ -43,6 +44,7 @@ private Q_SLOTS:
     void hexViewShowsTheNewestBytes();
     void hexViewShowsWhatIsNoReply();
     void hexViewKeepsItsPlace();
+    void hexViewInSightFollowsAtReadingPace();
     void clearEmptiesEverything();
 
     void timersHaveTheirIntervals();
@@ -350,6 +352,36 @@ void tst_VexaK40Receiving::hexViewShowsWhatIsNoReply()
     QTRY_COMPARE(rig.hex(), tcHexDump::text(QByteArray("\0\1\x80\xff no reply", 13)));
     QCOMPARE(rig.log(), QString());
     QCOMPARE(rig.lastReply(), QString());
+}
+
+/// Thirty times a second while bytes come, and to the last of them.
+void tst_VexaK40Receiving::hexViewInSightFollowsAtReadingPace()
+{
+    tcPanelRig rig;
+    rig.open();
+    rig.find<QTabWidget>("tabWidget")->setCurrentIndex(1);
+    rig.panel.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&rig.panel));
+    rig.line.receive("first");
+    rig.panel.CheckRxData();
+    QTRY_COMPARE(rig.hex(), tcHexDump::text(QByteArray("first")));
+
+    QByteArray stream("first");
+    int changes = 0;
+    connect(rig.find<QPlainTextEdit>("RespHexPTE"), &QPlainTextEdit::textChanged, this,
+            [&] { ++changes; });
+    QElapsedTimer clock;
+    clock.start();
+    for (int tick = 0; tick < 60; ++tick) {
+        const QByteArray reply = "<A " + QByteArray::number(tick) + "><ACK>\r\n";
+        stream += reply;
+        rig.line.receive(reply);
+        rig.panel.CheckRxData();
+        QCoreApplication::processEvents();
+    }
+    const qint64 most = clock.elapsed() / 33 + 1;
+    QVERIFY2(changes <= most, qPrintable(QString("%1 > %2").arg(changes).arg(most)));
+    QTRY_COMPARE(rig.hex(), tcHexDump::text(stream));
 }
 
 void tst_VexaK40Receiving::hexViewKeepsItsPlace()
