@@ -225,6 +225,9 @@ private Q_SLOTS:
         chart().logData(true);
         QVERIFY(chart().logAction()->isChecked());
         QVERIFY(!duration()->isActive());
+        QCOMPARE(chart().windowTitle(),
+                 "Trend Chart: Cam:1/T- logging to "
+                     + QDir::toNativeSeparators(mProbe->path("two.csv")));
         chart().tick();
         QCOMPARE(mProbe->content("one.csv"), mProbe->content("two.csv"));
     }

@@ -108,6 +108,7 @@ private Q_SLOTS:
     void wheelWorksOnTheRightAxisWhenEnabled();
     void panByNothing();
     void panByPixels();
+    void panKeepsWhetherThePlotReplotsItself();
     void wheelStopsBeforeNumbersEnd();
     void rightDragDoesNotZoom();
 };
@@ -365,6 +366,17 @@ void tst_ChartTools::panByPixels()
     magnifier->pan(3, 10);
     QVERIFY(std::abs(probe.shown(QwtPlot::yLeft).minValue() - 10.0 * perPixel) < 1e-6);
     QVERIFY(std::abs(probe.shown(QwtPlot::yLeft).width() - 100.0) < 1e-6);
+}
+
+void tst_ChartTools::panKeepsWhetherThePlotReplotsItself()
+{
+    tcToolChart probe;
+    auto* magnifier = probe.canvas()->findChild<tcStripMagnifier*>();
+    for (const bool on : {true, false}) {
+        probe.plot->setAutoReplot(on);
+        magnifier->pan(0, 10);
+        QCOMPARE(probe.plot->autoReplot(), on);
+    }
 }
 
 void tst_ChartTools::wheelStopsBeforeNumbersEnd()
