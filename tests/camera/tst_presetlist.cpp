@@ -26,6 +26,7 @@ private Q_SLOTS:
     void problems_data();
     void problems();
     void rebuildingReplacesEverything();
+    void theManualsExample();
 
 private:
     QString write(const QByteArray& acContent);
@@ -227,6 +228,26 @@ void tst_PresetList::rebuildingReplacesEverything()
     QCOMPARE(list.count(), 4);
     QVERIFY(QByteArray(list.at(0)->script).startsWith("<STOP>\n<STEC 24.0>\n"));
     QVERIFY(!list.at(4)->label);
+}
+
+void tst_PresetList::theManualsExample()
+{
+    QFile manual(QStringLiteral(MANUAL_FOLDER "/05-presets.md"));
+    QVERIFY(manual.open(QIODevice::ReadOnly));
+    const QByteArray text = manual.readAll();
+    const int begin = text.indexOf("[Cmv2000]");
+    const int end = text.indexOf("```", begin);
+    QVERIFY(begin >= 0 && end > begin);
+    const QString path = write(text.mid(begin, end - begin));
+    tcPresetList builtIn;
+    builtIn.rebuild(teCmvType::Cmv2000, {});
+    tcPresetList list;
+    list.rebuild(teCmvType::Cmv2000, tcPresetList::read(path, teCmvType::Cmv2000));
+    QCOMPARE(list.count(), builtIn.count() + 2);
+    QCOMPARE(QString(list.at(builtIn.count())->label), QString("Dark frame, 100 ms"));
+    QCOMPARE(QString(list.at(builtIn.count())->script),
+             QString("<STOP>\n<SEXP 100000>\n<STRT>\n"));
+    QCOMPARE(QString(list.at(builtIn.count() + 1)->label), QString("Free run"));
 }
 
 QTEST_GUILESS_MAIN(tst_PresetList)
