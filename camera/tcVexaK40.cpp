@@ -40,7 +40,7 @@ constexpr quint32 cWriteTimeoutMs = 200;
 constexpr quint32 cFileTimeoutMs = 1000;
 constexpr int cDefaultLength = 5000;
 constexpr int cHiddenHexMs = 200;
-constexpr int cShownHexMs = 33; ///< faster than anybody reads
+constexpr int cShownHexMs = 50; ///< faster than anybody reads
 constexpr int cLedSize = 8;
 constexpr int cLastReplyLines = 3; ///< two and the frame around them
 
