@@ -286,11 +286,11 @@
     </message>
     <message>
         <source>Preset</source>
-        <translation>Voreinstellung</translation>
+        <translation>Vorgabe</translation>
     </message>
     <message>
         <source>Send preset</source>
-        <translation>Voreinstellung senden</translation>
+        <translation>Vorgabe senden</translation>
     </message>
     <message>
         <source>Send</source>
@@ -298,7 +298,7 @@
     </message>
     <message>
         <source>Send custom preset file</source>
-        <translation>Eigene Voreinstellungsdatei senden</translation>
+        <translation>Eigene Vorgabedatei senden</translation>
     </message>
     <message>
         <source>Send Custom</source>
@@ -521,7 +521,7 @@
     </message>
     <message>
         <source>Preset</source>
-        <translation>Voreinstellung</translation>
+        <translation>Vorgabe</translation>
     </message>
     <message>
         <source>Send</source>
@@ -529,7 +529,7 @@
     </message>
     <message>
         <source>Send preset</source>
-        <translation>Voreinstellung senden</translation>
+        <translation>Vorgabe senden</translation>
     </message>
     <message>
         <source>Send Custom</source>
@@ -537,7 +537,7 @@
     </message>
     <message>
         <source>Send preset file</source>
-        <translation>Voreinstellungsdatei senden</translation>
+        <translation>Vorgabedatei senden</translation>
     </message>
     <message>
         <source>Timing</source>
@@ -624,7 +624,7 @@
     </message>
     <message>
         <source>Preset</source>
-        <translation>Voreinstellung</translation>
+        <translation>Vorgabe</translation>
     </message>
     <message>
         <source>Send</source>
@@ -632,7 +632,7 @@
     </message>
     <message>
         <source>Send preset</source>
-        <translation>Voreinstellung senden</translation>
+        <translation>Vorgabe senden</translation>
     </message>
     <message>
         <source>Send Custom</source>
@@ -640,7 +640,7 @@
     </message>
     <message>
         <source>Send preset file</source>
-        <translation>Voreinstellungsdatei senden</translation>
+        <translation>Vorgabedatei senden</translation>
     </message>
     <message>
         <source>Timing</source>
@@ -883,11 +883,11 @@
     </message>
     <message>
         <source>Custom Preset File</source>
-        <translation>Eigene Voreinstellungsdatei</translation>
+        <translation>Eigene Vorgabedatei</translation>
     </message>
     <message>
         <source>preset files (*.txt)</source>
-        <translation>Voreinstellungsdateien (*.txt)</translation>
+        <translation>Vorgabedateien (*.txt)</translation>
     </message>
     <message>
         <source>Timeout .. no data from camera in &gt; 5 seconds... closing connection</source>
@@ -1632,11 +1632,11 @@
     </message>
     <message>
         <source>Custom Preset File</source>
-        <translation>Eigene Voreinstellungsdatei</translation>
+        <translation>Eigene Vorgabedatei</translation>
     </message>
     <message>
         <source>preset files (*.txt)</source>
-        <translation>Voreinstellungsdateien (*.txt)</translation>
+        <translation>Vorgabedateien (*.txt)</translation>
     </message>
 </context>
 </TS>

@@ -100,8 +100,8 @@ void tst_StartUp::germanTexts()
     constexpr tcRow cRows[] = {
         {"tcMainWindow", "Not Connected", "Nicht verbunden"},
         {"tcBasicPanel", "Unable to set baud rate!", "Baudrate lässt sich nicht setzen!"},
-        {"tcBasicPanel", "Custom Preset File", "Eigene Voreinstellungsdatei"},
-        {"tcBasicPanel", "preset files (*.txt)", "Voreinstellungsdateien (*.txt)"},
+        {"tcBasicPanel", "Custom Preset File", "Eigene Vorgabedatei"},
+        {"tcBasicPanel", "preset files (*.txt)", "Vorgabedateien (*.txt)"},
     };
     for (const tcRow& row : cRows)
         QCOMPARE(QCoreApplication::translate(row.context, row.english), row.english);
