@@ -1,11 +1,11 @@
 #include "stripchart/tcLimitAlarm.h"
 
+#include "app/logic/tcPointText.h"
 #include "stripchart/logic/tcMeasure.h"
 #include "stripchart/tcStripCurve.h"
 #include "stripchart/tcStripLegend.h"
 #include "widgets/tcDialogs.h"
 
-#include <QDateTime>
 #include <QPointer>
 #include <qwt_plot.h>
 
@@ -135,8 +135,7 @@ void tcLimitAlarm::look(tcWatched& arWatched)
 
 void tcLimitAlarm::tell(const tcWatched& acWatched, double anTimeMs, double anValue)
 {
-    const QString time = QDateTime::fromMSecsSinceEpoch(std::llround(anTimeMs))
-                             .toString(QStringLiteral("hh:mm:ss.zzz"));
+    const QString time = tcPointText::clock(anTimeMs);
     const QString name = acWatched.name.trimmed(); // a camera's sensor ends in a blank
     const QString value = tcMeasure::valueText(anValue);
     const tcLimits& limits = acWatched.watch.limits();
