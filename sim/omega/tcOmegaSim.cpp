@@ -18,13 +18,6 @@ namespace
 constexpr size_t cMaxReceived = 64 * 1024;
 constexpr double cPi = 3.14159265358979323846;
 
-int64_t steadyMs()
-{
-    return std::chrono::duration_cast<std::chrono::milliseconds>(
-               std::chrono::steady_clock::now().time_since_epoch())
-        .count();
-}
-
 /// "\r", "\n", "\xHH" and "\\" to what they stand for.
 std::string unescaped(const std::string& acText)
 {
@@ -153,7 +146,7 @@ void tcOmegaSim::serve()
             if (mEnd)
                 return;
             watched[1].fd = mMaster;
-            waitMs = sendDue(steadyMs());
+            waitMs = sendDue(tcClock::now());
         }
         if (::poll(watched, 2, waitMs) < 0)
             continue;
@@ -164,14 +157,14 @@ void tcOmegaSim::serve()
             continue;
         const ssize_t count = read(mMaster, bytes, sizeof bytes);
         if (count > 0)
-            take(bytes, size_t(count), steadyMs());
+            take(bytes, size_t(count), tcClock::now());
     }
 }
 
 /// Returns how long until the next answer is due, -1 if there is none.
-int tcOmegaSim::sendDue(int64_t anNowMs)
+int tcOmegaSim::sendDue(tcClock::time_point aNow)
 {
-    while (!mAnswers.empty() && mAnswers.front().dueMs <= anNowMs) {
+    while (!mAnswers.empty() && mAnswers.front().due <= aNow) {
         const std::string bytes = mAnswers.front().bytes;
         mAnswers.pop_front();
         // What does not fit is lost, as on a line without flow control.
@@ -180,10 +173,11 @@ int tcOmegaSim::sendDue(int64_t anNowMs)
     }
     if (mAnswers.empty())
         return -1;
-    return int(std::max<int64_t>(0, mAnswers.front().dueMs - anNowMs));
+    const auto wait = std::chrono::ceil<std::chrono::milliseconds>(mAnswers.front().due - aNow);
+    return int(std::max<int64_t>(0, wait.count()));
 }
 
-void tcOmegaSim::take(const char* acBytes, size_t anCount, int64_t anNowMs)
+void tcOmegaSim::take(const char* acBytes, size_t anCount, tcClock::time_point aNow)
 {
     mReceived.append(acBytes, anCount);
     if (mReceived.size() > cMaxReceived)
@@ -191,7 +185,7 @@ void tcOmegaSim::take(const char* acBytes, size_t anCount, int64_t anNowMs)
     for (size_t at = 0; at < anCount; ++at) {
         if (acBytes[at] == '\n') {
             if (mLine == "c\r")
-                answer(anNowMs);
+                answer(aNow);
             mLine.clear();
         } else if (mLine.size() < 16) {
             mLine += acBytes[at];
@@ -199,30 +193,31 @@ void tcOmegaSim::take(const char* acBytes, size_t anCount, int64_t anNowMs)
     }
 }
 
-void tcOmegaSim::answer(int64_t anNowMs)
+void tcOmegaSim::answer(tcClock::time_point aNow)
 {
     ++mRequests;
     std::string bytes;
     for (int line = 0; line < mLines; ++line)
-        bytes += reply(anNowMs);
+        bytes += reply(aNow);
     if (mEcho)
         bytes.insert(0, "c\r\n");
     if (bytes.empty())
         return;
     const size_t first = mSplitAt > 0 ? std::min(bytes.size(), size_t(mSplitAt)) : bytes.size();
-    mAnswers.push_back({anNowMs + mLateMs, bytes.substr(0, first)});
+    const auto due = aNow + std::chrono::milliseconds(mLateMs);
+    mAnswers.push_back({due, bytes.substr(0, first)});
     if (first < bytes.size())
-        mAnswers.push_back({anNowMs + mLateMs + mSplitMs, bytes.substr(first)});
+        mAnswers.push_back({due + std::chrono::milliseconds(mSplitMs), bytes.substr(first)});
 }
 
-std::string tcOmegaSim::reply(int64_t anNowMs) const
+std::string tcOmegaSim::reply(tcClock::time_point aNow) const
 {
     if (mReply)
         return *mReply;
     if (mGarbage)
         return std::string("\x80\xff\0#?\x1b~\r\xfe\n", 10);
     const double phase = double(mSeed % 97) / 97.0;
-    const double seconds = double(anNowMs) / 1000.0;
+    const double seconds = std::chrono::duration<double>(aNow.time_since_epoch()).count();
     const double natural = 24.0 + 2.0 * std::sin(2 * cPi * (seconds / 240.0 + phase))
         + 0.15 * std::sin(seconds * 1.7 + phase);
     char text[32];

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
@@ -44,9 +45,11 @@ public:
     int requests() const;         ///< "c" lines since the start
 
 private:
+    using tcClock = std::chrono::steady_clock;
+
     struct tcAnswer
     {
-        int64_t dueMs;
+        tcClock::time_point due; ///< not in whole ms: no answer may come early
         std::string bytes;
     };
 
@@ -54,10 +57,10 @@ private:
     void unplug();
     void wake();
     void serve();
-    void take(const char* acBytes, size_t anCount, int64_t anNowMs);
-    void answer(int64_t anNowMs);
-    std::string reply(int64_t anNowMs) const;
-    int sendDue(int64_t anNowMs);
+    void take(const char* acBytes, size_t anCount, tcClock::time_point aNow);
+    void answer(tcClock::time_point aNow);
+    std::string reply(tcClock::time_point aNow) const;
+    int sendDue(tcClock::time_point aNow);
     bool makeLink();
     void dropLink();
 
