@@ -11,8 +11,11 @@ std::optional<QByteArray> read(const QString& acFileName)
 {
     QFile file(acFileName);
     // Opening a pipe would wait for whoever writes into it, and a device may never end.
-    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        qWarning() << "Script can't be read:" << acFileName << file.errorString();
+    const QFileInfo info(file);
+    const bool other = info.exists() && !info.isFile();
+    if (other || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        qWarning() << "Script can't be read:" << acFileName
+                   << (other ? QStringLiteral("not a regular file") : file.errorString());
         return std::nullopt;
     }
     QByteArray script = file.read(cMaxBytes + 1);
