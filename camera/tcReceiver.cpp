@@ -15,7 +15,6 @@ namespace
 constexpr int cRetries = 5; ///< empty polls before the last one of a run
 constexpr int cEventTimeMs = 5;
 constexpr quint32 cReadTimeoutMs = 200;
-constexpr qint64 cSliceMs = 20; ///< a camera that floods can't keep the window waiting longer
 /// At a rate that never leaves a poll empty, a run would read byte by byte until its slice is
 /// over; it pauses instead and lets the bytes gather.
 constexpr int cReadsPerRun = 256;
@@ -23,8 +22,8 @@ constexpr int cEmptyReads = 5; ///< in a row, from a driver that announces bytes
 
 } // namespace
 
-tcReceiver::tcReceiver(QObject* apParent, tcClock aClock)
-    : QObject(apParent), mClock(std::move(aClock))
+tcReceiver::tcReceiver(QObject* apParent, tcClock aClock, qint64 anSliceMs)
+    : QObject(apParent), mClock(std::move(aClock)), mSliceMs(anSliceMs)
 {
 }
 
@@ -136,7 +135,7 @@ void tcReceiver::emitUnfinishedReply()
 
 bool tcReceiver::isOver() const
 {
-    return mReads >= cReadsPerRun || mSlice.hasExpired(cSliceMs);
+    return mReads >= cReadsPerRun || mSlice.hasExpired(mSliceMs);
 }
 
 /// False when the run must not go on: the port is not the same any more, or nothing is.

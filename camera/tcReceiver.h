@@ -24,8 +24,12 @@ class tcReceiver : public QObject
 public:
     using tcClock = std::function<QDateTime()>;
 
+    /// A camera that floods can't keep the window waiting longer.
+    static constexpr qint64 cSliceMs = 20;
+
     explicit tcReceiver(QObject* apParent = nullptr,
-                        tcClock aClock = &QDateTime::currentDateTime);
+                        tcClock aClock = &QDateTime::currentDateTime,
+                        qint64 anSliceMs = cSliceMs);
 
     /// Begins anew with an open port: nothing pending, nothing received.
     void start(tcSerialLink::tcRef aRef);
@@ -64,6 +68,7 @@ private:
     bool isOver() const;
 
     tcClock mClock;
+    qint64 mSliceMs;
     tcRxAssembler mAssembler;
     std::unique_ptr<QTextDecoder> mDecoder; ///< carries characters that were cut in two
     QDateTime mLastRxTime;
