@@ -22,8 +22,8 @@ constexpr int cEmptyReads = 5; ///< in a row, from a driver that announces bytes
 
 } // namespace
 
-tcReceiver::tcReceiver(QObject* apParent, tcClock aClock, qint64 anSliceMs)
-    : QObject(apParent), mClock(std::move(aClock)), mSliceMs(anSliceMs)
+tcReceiver::tcReceiver(QObject* apParent, tcClock aClock)
+    : QObject(apParent), mClock(std::move(aClock))
 {
 }
 

@@ -28,8 +28,10 @@ public:
     static constexpr qint64 cSliceMs = 20;
 
     explicit tcReceiver(QObject* apParent = nullptr,
-                        tcClock aClock = &QDateTime::currentDateTime,
-                        qint64 anSliceMs = cSliceMs);
+                        tcClock aClock = &QDateTime::currentDateTime);
+
+    /// How long a run may go on while there is something to do; cSliceMs at first.
+    void setSlice(qint64 anMs) { mSliceMs = anMs; }
 
     /// Begins anew with an open port: nothing pending, nothing received.
     void start(tcSerialLink::tcRef aRef);
@@ -68,7 +70,7 @@ private:
     bool isOver() const;
 
     tcClock mClock;
-    qint64 mSliceMs;
+    qint64 mSliceMs = cSliceMs;
     tcRxAssembler mAssembler;
     std::unique_ptr<QTextDecoder> mDecoder; ///< carries characters that were cut in two
     QDateTime mLastRxTime;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "camera/tcReceiver.h"
 #include "camera/tcVexaK40.h"
 #include "tests/support/tcFakeSerial.h"
 
@@ -16,7 +17,11 @@
 class tcPanelRig
 {
 public:
-    explicit tcPanelRig(teCmvType aeType = teCmvType::Cmv2000TEC) : panel(aeType) { }
+    explicit tcPanelRig(teCmvType aeType = teCmvType::Cmv2000TEC) : panel(aeType)
+    {
+        // On a busy computer the usual slice may be over before a run has read anything.
+        setSlice(60'000);
+    }
     ~tcPanelRig() { close(); }
 
     template <typename Widget>
@@ -64,6 +69,7 @@ public:
             tcSerialLink::close(ref);
         ref = 0;
     }
+    void setSlice(qint64 anMs) { panel.findChild<tcReceiver*>()->setSlice(anMs); }
     void type(const QString& acText) { commandLine()->setText(acText); }
 
     tcVexaK40 panel;

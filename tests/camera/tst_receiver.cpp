@@ -60,7 +60,6 @@ private:
     /// On a busy computer the usual slice may be over before anything was read.
     static constexpr qint64 cLongSliceMs = 60'000;
 
-    void begin(qint64 anSliceMs);
     int polls() const { return line.callsOf(cCount).size(); }
     /// Before the poll of that number, counted from 1.
     void atPoll(int anNumber, const std::function<void()>& aAction);
@@ -80,13 +79,8 @@ void tst_Receiver::init()
     tcSerialLink::setBaudRate(ref);
     replies.clear();
     bytes.clear();
-    begin(cLongSliceMs);
-}
-
-void tst_Receiver::begin(qint64 anSliceMs)
-{
-    receiver = std::make_unique<tcReceiver>(
-        nullptr, [this] { return now; }, anSliceMs);
+    receiver = std::make_unique<tcReceiver>(nullptr, [this] { return now; });
+    receiver->setSlice(cLongSliceMs);
     connect(receiver.get(), &tcReceiver::replyReceived, this,
             [this](const QString& acLine) { replies.append(acLine); });
     connect(receiver.get(), &tcReceiver::bytesReceived, this,
@@ -281,7 +275,7 @@ void tst_Receiver::slowHandlersGetASliceAtATime()
         expected.append(QStringLiteral("<A %1><ACK>").arg(i));
         stream += expected.last().toLatin1() + "\r\n";
     }
-    begin(tcReceiver::cSliceMs);
+    receiver->setSlice(tcReceiver::cSliceMs);
     connect(receiver.get(), &tcReceiver::replyReceived, this, [] { QTest::qSleep(20); });
     line.receive(stream);
     QVERIFY(receiver->run());

@@ -214,6 +214,7 @@ void tst_VexaK40Faults::destroyedInTheMiddleOfARun()
 void tst_VexaK40Faults::floodLeavesTimeForTheWindow()
 {
     tcPanelRig rig;
+    rig.setSlice(tcReceiver::cSliceMs);
     rig.open();
     QByteArray stream;
     for (int i = 0; i < 8000; ++i)
