@@ -172,7 +172,10 @@ void tcMainWindow::buildStatusBar()
 void tcMainWindow::openSettingsFile()
 {
     if (mSettings) {
-        mSettings->sync(); // so that the editor finds a file even at the very first start
+        // At the very first start nothing is stored yet, and an editor needs a file.
+        if (!QFileInfo::exists(mSettings->fileName()))
+            storeSettings();
+        mSettings->sync();
         openWithDesktop(mSettings->fileName());
     } else {
         tcDialogs::current().information(this, QGuiApplication::applicationDisplayName(),

@@ -46,6 +46,7 @@ private Q_SLOTS:
     void startSaysWhereTheSettingsAre();
     void menusInTheirOrder();
     void openIniFile();
+    void openIniFileAtTheVeryFirstStart();
     void openIniFileBeforeThereAreSettings();
     void settingsWithoutAFolderAreTheUsersOwn();
     void exitClosesTheWindow();
@@ -189,6 +190,19 @@ void tst_MainWindow::openIniFile()
     make();
     action(0, "Open ini file..")->trigger();
     QCOMPARE(mOpened, QStringList{iniFile()});
+}
+
+/// An editor needs a file, and whoever edits it the names of its groups.
+void tst_MainWindow::openIniFileAtTheVeryFirstStart()
+{
+    make();
+    QVERIFY(!QFile::exists(iniFile()));
+    action(0, "Open ini file..")->trigger();
+    QFile file(iniFile());
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray text = file.readAll();
+    for (const char* group : {"[Vexa-K10]", "[Vexa-K20%20%28Temp%20controlled%29]", "[panel]"})
+        QVERIFY2(text.contains(group), group);
 }
 
 /// Hands over the menus while the status bar is being made, which is before there are settings.
