@@ -35,6 +35,7 @@ private Q_SLOTS:
     void camerasInTheirOrder();
     void firstCameraIsChosen();
     void pagesFollowTheCamera();
+    void presetsStayWhereTheyAreWhateverTheCamera();
 
     void portsAreListedWithMakerAndId();
     void noPortsDisableOpen();
@@ -195,6 +196,24 @@ void tst_CamlinkControl::pagesFollowTheCamera()
     for (int index = 0; index < cCameras.size(); ++index) {
         cameras()->setCurrentIndex(index);
         QCOMPARE(pages()->currentIndex(), index);
+    }
+}
+
+void tst_CamlinkControl::presetsStayWhereTheyAreWhateverTheCamera()
+{
+    make();
+    mChooser->resize(730, 480);
+    mChooser->show();
+    QPoint first;
+    for (int camera = 0; camera < cCameras.size(); ++camera) {
+        cameras()->setCurrentIndex(camera);
+        const auto* presets = pages()->widget(camera)->findChild<QComboBox*>("presetsCB");
+        QTRY_VERIFY(presets->isVisible() && presets->y() >= 0);
+        QApplication::sendPostedEvents();
+        const QPoint place = presets->mapTo(mChooser.get(), QPoint(0, 0));
+        if (camera == 0)
+            first = place;
+        QCOMPARE(place, first);
     }
 }
 
