@@ -97,6 +97,11 @@ void tcVexaK40::setUpViews()
     mForm->rxLed->setLedSize(cLedSize);
     mForm->rxLed->setOffColor(Qt::gray);
     mForm->tabWidget->setCornerWidget(mForm->viewTools);
+    // The form can order the whole of the tabs only, with all that is in them: the bar takes
+    // its place by itself, and the rest of the whole no part in the order.
+    mForm->tabWidget->setFocusProxy(nullptr);
+    mForm->tabWidget->setFocusPolicy(Qt::NoFocus);
+    setTabOrder(mForm->keepAlivePB, mForm->tabWidget->tabBar());
     mForm->sensorSplitter->setStretchFactor(0, 1);
     mForm->splitter->setStretchFactor(0, 1);
     const int lastReply = cLastReplyLines * mForm->lastRespPTE->fontMetrics().lineSpacing();
