@@ -1,9 +1,11 @@
 #include "widgets/tcDialogs.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QStandardPaths>
 
 namespace
 {
@@ -14,6 +16,18 @@ template <typename T>
 std::optional<T> unlessCancelled(bool abOk, const T& acValue)
 {
     return abOk ? std::optional<T>(acValue) : std::nullopt;
+}
+
+/// Where nobody made the documents folder yet, home is proposed in its place: else the folder's
+/// name would stand there as that of a file.
+QString withFolderThatIsThere(const QString& acStart)
+{
+    const QString documents
+        = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const bool within = acStart == documents || acStart.startsWith(documents + '/');
+    if (documents.isEmpty() || !within || QDir(documents).exists())
+        return acStart;
+    return QDir::homePath() + acStart.mid(documents.size());
 }
 
 } // namespace
@@ -32,13 +46,15 @@ void tcDialogs::install(tcDialogs* apDialogs)
 QString tcDialogs::openFile(QWidget* apParent, const QString& acCaption, const QString& acStart,
                             const QString& acFilter)
 {
-    return QFileDialog::getOpenFileName(apParent, acCaption, acStart, acFilter);
+    return QFileDialog::getOpenFileName(apParent, acCaption, withFolderThatIsThere(acStart),
+                                        acFilter);
 }
 
 QString tcDialogs::saveFile(QWidget* apParent, const QString& acCaption, const QString& acStart,
                             const QString& acFilter)
 {
-    return QFileDialog::getSaveFileName(apParent, acCaption, acStart, acFilter);
+    return QFileDialog::getSaveFileName(apParent, acCaption, withFolderThatIsThere(acStart),
+                                        acFilter);
 }
 
 std::optional<QString> tcDialogs::text(QWidget* apParent, const QString& acTitle,

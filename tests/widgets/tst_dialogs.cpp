@@ -6,7 +6,10 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
+#include <QScopeGuard>
 #include <QSpinBox>
+#include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -41,6 +44,7 @@ private Q_SLOTS:
     void boxes();
     void openFile();
     void saveFile();
+    void documentsFolderThatIsNotThere();
     void cancelledFiles();
     void text();
     void integer();
@@ -124,6 +128,36 @@ void tst_Dialogs::saveFile()
         static_cast<QDialog&>(arDialog).done(QDialog::Accepted);
     });
     QCOMPARE(tcDialogs::current().saveFile(nullptr, "Save", file, "files (*.csv)"), file);
+}
+
+/// Its name would stand there as that of a file to save into.
+void tst_Dialogs::documentsFolderThatIsNotThere()
+{
+    const QByteArray homeBefore = qgetenv("HOME");
+    const QTemporaryDir home;
+    qputenv("HOME", home.path().toLocal8Bit());
+    const auto back = qScopeGuard([&] { qputenv("HOME", homeBefore); });
+    const QString documents
+        = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (QFileInfo::exists(documents))
+        QSKIP("This system's documents folder does not depend on where home is.");
+    QDir folder;
+    QStringList chosen;
+    const auto look = [&](QFileDialog& arDialog) {
+        folder = arDialog.directory();
+        chosen = arDialog.selectedFiles();
+        arDialog.reject();
+    };
+    answerWith<QFileDialog>(look);
+    tcDialogs::current().saveFile(nullptr, "Save", documents, "files (*.csv)");
+    QCOMPARE(folder, QDir(home.path()));
+    QCOMPARE(chosen, QStringList{home.path()}); // no name of a file
+    answerWith<QFileDialog>(look);
+    tcDialogs::current().saveFile(nullptr, "Save", documents + "/chart.csv", "files (*.csv)");
+    QCOMPARE(chosen, QStringList{home.path() + "/chart.csv"});
+    answerWith<QFileDialog>(look);
+    tcDialogs::current().openFile(nullptr, "Open", documents, "files (*.csv)");
+    QCOMPARE(folder, QDir(home.path()));
 }
 
 void tst_Dialogs::cancelledFiles()
