@@ -4,8 +4,11 @@
 #include "camera/logic/tcIniArray.h"
 #include "camera/logic/tcPresetTables.h"
 
+#include <QDateTime>
+#include <QFile>
 #include <QFileInfo>
 #include <QSettings>
+#include <QTextCodec>
 
 namespace
 {
@@ -36,6 +39,40 @@ QString problemOf(QSettings::Status aeStatus)
     return QStringLiteral("format error");
 }
 
+/// What the library says of the file when it reads it first. Asked again it only looks whether
+/// the file has changed, and then says nothing of what was wrong with it.
+QString problemOfFirstReading(const QString& acPath, QSettings::Status aeStatus)
+{
+    struct tcBroken
+    {
+        QString path;
+        QDateTime changed;
+        qint64 size = 0;
+        QString problem;
+    };
+    static tcBroken last;
+    const QFileInfo info(acPath);
+    const QString path = info.absoluteFilePath();
+    const QString problem = problemOf(aeStatus);
+    if (!problem.isEmpty())
+        last = {path, info.lastModified(), info.size(), problem};
+    const bool same
+        = path == last.path && info.lastModified() == last.changed && info.size() == last.size;
+    return same ? last.problem : QString();
+}
+
+/// Editors write UTF-8, where the library expects the Latin-1 of older ones.
+bool isUtf8(const QString& acPath)
+{
+    QFile file(acPath);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray bytes = file.readAll();
+    QTextCodec::ConverterState state;
+    QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
+    return state.invalidChars == 0 && state.remainingChars == 0;
+}
+
 /// As a C text sees it: up to its first NUL.
 QByteArray cText(const QVariant& acValue)
 {
@@ -53,7 +90,9 @@ tcPresetList::tcFile tcPresetList::read(const QString& acPath, teCmvType aeType)
     if (!read.problem.isEmpty())
         return read;
     QSettings file(acPath, QSettings::IniFormat);
-    read.problem = problemOf(file.status());
+    read.problem = problemOfFirstReading(acPath, file.status());
+    if (isUtf8(acPath))
+        file.setIniCodec("UTF-8");
     const QString array = tcCmvNames::presetArray(aeType);
     if (!read.problem.isEmpty() || array.isEmpty())
         return read;

@@ -25,6 +25,9 @@ private Q_SLOTS:
     void megabytesOfScript();
     void problems_data();
     void problems();
+    void brokenFileIsBrokenForEveryCamera();
+    void lettersBeyondAscii_data();
+    void lettersBeyondAscii();
     void rebuildingReplacesEverything();
     void theManualsExample();
 
@@ -213,6 +216,44 @@ void tst_PresetList::problems()
     huge.close();
     QCOMPARE(tcPresetList::read(huge.fileName(), teCmvType::Cmv300).problem,
              QStringLiteral("too large"));
+}
+
+/// The settings library remembers the file, but not that it was broken.
+void tst_PresetList::brokenFileIsBrokenForEveryCamera()
+{
+    const QString path = write("[Cmv300\nsize=1\n1\\name=a\n1\\cmds=<VERS>\n");
+    for (const teCmvType type : {teCmvType::Cmv12000, teCmvType::Cmv8000, teCmvType::Cmv300})
+        QCOMPARE(tcPresetList::read(path, type).problem, QStringLiteral("format error"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write("[Cmv300]\nsize=1\n1\\name=mended\n1\\cmds=<VERS>\n");
+    file.close();
+    const tcPresetList::tcFile mended = tcPresetList::read(path, teCmvType::Cmv300);
+    QCOMPARE(mended.problem, QString());
+    QCOMPARE(mended.rows.size(), 1);
+}
+
+void tst_PresetList::lettersBeyondAscii_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("UTF-8") << QByteArray("Gr\xc3\xb6\xc3\x9f"
+                                         "e");
+    QTest::newRow("Latin-1") << QByteArray("Gr\xf6\xdf"
+                                           "e");
+    QTest::newRow("escaped") << QByteArray("\"Gr\\xf6\\xdf\" \"e\"");
+}
+
+/// Editors write UTF-8 today, older ones Latin-1, which the settings library expects.
+void tst_PresetList::lettersBeyondAscii()
+{
+    QFETCH(QByteArray, name);
+    const tcPresetList::tcFile file = tcPresetList::read(
+        write("[Cmv300]\nsize=1\n1\\name=" + name + "\n1\\cmds=<VERS>\n"), teCmvType::Cmv300);
+    QCOMPARE(file.rows.size(), 1);
+    QCOMPARE(file.rows.first().label,
+             QString::fromUtf8("Gr\xc3\xb6\xc3\x9f"
+                               "e")
+                 .toLocal8Bit());
 }
 
 void tst_PresetList::rebuildingReplacesEverything()
