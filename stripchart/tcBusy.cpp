@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QProgressDialog>
+#include <QWindow>
 
 namespace
 {
@@ -51,5 +52,10 @@ void tcBusy::showDialog()
     mDialog->setWindowModality(Qt::ApplicationModal);
     mDialog->setAutoReset(false);
     mDialog->setMinimumDuration(0);
+    // Which costs it the place in the middle of that window and in front of it.
+    const QWidget& window = *mWindow->window();
+    mDialog->winId();
+    mDialog->windowHandle()->setTransientParent(window.windowHandle());
+    mDialog->move(window.frameGeometry().center() - mDialog->rect().center());
     mDialog->show();
 }

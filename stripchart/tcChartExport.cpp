@@ -1,6 +1,7 @@
 #include "stripchart/tcChartExport.h"
 
 #include "stripchart/logic/tcChartNames.h"
+#include "stripchart/logic/tcCsvWriter.h"
 #include "stripchart/logic/tcExportWriter.h"
 #include "stripchart/tcBusy.h"
 #include "stripchart/tcCurveTable.h"
@@ -16,6 +17,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 namespace
 {
@@ -24,10 +26,20 @@ namespace
 class tcVisible
 {
 public:
-    tcVisible(const QVector<tcStripCurve*>& acCurves, double anFrom, double anTo)
+    /// False when acStep said stop. Events run between two curves, so that some may be deleted.
+    bool take(const QVector<tcStripCurve*>& acCurves, double anFrom, double anTo,
+              const tcProgress& acStep)
     {
+        std::vector<std::weak_ptr<const void>> lives;
         for (const tcStripCurve* curve : acCurves)
-            add(*curve, anFrom, anTo);
+            lives.push_back(curve->lifetime());
+        for (int i = 0; i < acCurves.size(); ++i) {
+            if (!lives[static_cast<size_t>(i)].expired())
+                add(*acCurves.at(i), anFrom, anTo);
+            if (!acStep(0, 1))
+                return false;
+        }
+        return true;
     }
 
     bool write(QIODevice& arDevice, const tcProgress& acProgress) const
@@ -123,13 +135,12 @@ void tcChartExport::run(const QString& acChartName, const QString& acFolder)
 bool tcChartExport::write(const QString& acFile, double anFrom, double anTo, bool* apCancelled)
 {
     tcBusy busy(mChart, tr("Saving %1").arg(QFileInfo(acFile).fileName()), Qt::WaitCursor);
+    const tcProgress step = [&busy, apCancelled](qint64 anDone, qint64 anTotal) {
+        *apCancelled = !busy.step(anDone, anTotal);
+        return !*apCancelled;
+    };
     tcWholeFile file(acFile);
-    const tcVisible samples(visible(mCurves), anFrom, anTo);
-    return file.open()
-        && samples.write(file.device(),
-                         [&busy, apCancelled](qint64 anDone, qint64 anTotal) {
-                             *apCancelled = !busy.step(anDone, anTotal);
-                             return !*apCancelled;
-                         })
-        && file.commit([&busy] { busy.step(1, 1); });
+    tcVisible samples;
+    return file.open() && samples.take(visible(mCurves), anFrom, anTo, step)
+        && samples.write(file.device(), step) && file.commit([&busy] { busy.step(1, 1); });
 }
