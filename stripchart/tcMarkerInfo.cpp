@@ -7,6 +7,7 @@
 
 #include <QFormLayout>
 #include <QLineEdit>
+#include <QMenu>
 #include <QSignalBlocker>
 
 #include <iterator>
@@ -38,6 +39,25 @@ void tcMarkerInfo::addRow(const QUuid& acKey)
                      edit);
     connect(edit, &QLineEdit::textChanged, this,
             [this, acKey](const QString& acText) { takeText(acKey, acText); });
+    if (dynamic_cast<const tcStripPointMarker*>(&marker)) {
+        edit->setContextMenuPolicy(Qt::CustomContextMenu);
+        connect(edit, &QWidget::customContextMenuRequested, this,
+                [this, acKey](const QPoint& acPos) { showMenu(acKey, acPos); });
+    }
+}
+
+/// The keyboard's way to what a right click on the marker offers in the plot.
+void tcMarkerInfo::showMenu(const QUuid& acKey, const QPoint& acPos)
+{
+    QLineEdit* edit = mEdits.value(acKey);
+    if (!edit)
+        return;
+    QMenu* menu = edit->createStandardContextMenu();
+    menu->setParent(this, menu->windowFlags()); // the box goes with its marker
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addSeparator();
+    mMarkers.addDeleteEntry(*menu, acKey);
+    menu->popup(edit->mapToGlobal(acPos));
 }
 
 void tcMarkerInfo::removeRow(const QUuid& acKey)

@@ -24,6 +24,7 @@ Q_SIGNALS:
 private:
     void addRow(const QUuid& acKey);
     void removeRow(const QUuid& acKey);
+    void showMenu(const QUuid& acKey, const QPoint& acPos);
     void showText(const QUuid& acKey);
     void takeText(const QUuid& acKey, const QString& acText);
 

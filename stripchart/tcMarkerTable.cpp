@@ -172,11 +172,16 @@ void tcMarkerTable::remove(const QVector<QUuid>& acKeys)
 std::unique_ptr<QMenu> tcMarkerTable::menuFor(const QUuid& acKey)
 {
     auto menu = std::make_unique<QMenu>(&mPlot);
+    addDeleteEntry(*menu, acKey);
+    return menu;
+}
+
+void tcMarkerTable::addDeleteEntry(QMenu& arMenu, const QUuid& acKey)
+{
     const tcStripMarker* marker = find(acKey);
     if (!marker)
-        return menu;
+        return;
     const QString text = tcChartNames::menuText(marker->label().text());
-    QAction* action = menu->addAction(tr("Delete Marker \"%1\"").arg(text));
+    QAction* action = arMenu.addAction(tr("Delete Marker \"%1\"").arg(text));
     connect(action, &QAction::triggered, this, [this, acKey] { remove(acKey); });
-    return menu;
 }

@@ -55,6 +55,7 @@ public:
     /// The entry that deletes the marker; empty for an unknown key. Belongs to the caller, its
     /// parent is the plot.
     std::unique_ptr<QMenu> menuFor(const QUuid& acKey);
+    void addDeleteEntry(QMenu& arMenu, const QUuid& acKey); ///< the same in another menu
 
     /// Keys of markers that a running log has not written yet, some of which may be deleted.
     QVector<QUuid> unlogged() const { return mUnlogged; }

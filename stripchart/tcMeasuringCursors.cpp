@@ -103,6 +103,12 @@ bool tcMeasuringCursors::release(const QMouseEvent& acEvent)
 
 bool tcMeasuringCursors::key(const QKeyEvent& acEvent)
 {
+    const int digit = acEvent.key() - Qt::Key_1;
+    const bool plain = (acEvent.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (plain && mDragged < 0 && digit >= 0 && digit < tcCursorItem::cCount) {
+        choose(digit);
+        return true;
+    }
     const int chosen = mItem->chosen();
     if (chosen < 0)
         return false;

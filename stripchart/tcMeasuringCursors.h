@@ -14,8 +14,8 @@ class tcReplotRequest;
 
 /// Puts two measuring lines on the plot and lets the operator move them: with the left button,
 /// grabbed within a few pixels, and by Left and Right (with Shift ten pixels at once) the one
-/// that was clicked last, until Escape or a click elsewhere lets go of it. What is not meant
-/// for a line goes on to the other mouse tools.
+/// that was clicked last or chosen by the keys 1 and 2, until Escape or a click elsewhere lets
+/// go of it. What is not meant for a line goes on to the other mouse tools.
 class tcMeasuringCursors : public QObject
 {
     Q_OBJECT

@@ -3,6 +3,8 @@
 #include "stripchart/TimeScalePicker.h"
 #include "stripchart/tcStripMagnifier.h"
 
+#include <QFocusEvent>
+#include <QPainter>
 #include <QPen>
 #include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
@@ -16,14 +18,39 @@ constexpr int cEdge = 6; ///< pixels that keep the outermost labels off the wind
 const QColor cMajorGridColor(58, 64, 72);
 const QColor cMinorGridColor(36, 40, 46);
 const QColor cZoomBandColor(230, 230, 230);
+const QColor cFocusColor(77, 171, 247);
+constexpr double cAboveAll = 1000.0;
+
+/// Around the canvas while the keyboard works on it. The style's own mark would tint the
+/// curves.
+class tcFocusFrame : public QwtPlotItem
+{
+public:
+    tcFocusFrame()
+    {
+        setZ(cAboveAll);
+        setItemAttribute(QwtPlotItem::AutoScale, false);
+    }
+    void draw(QPainter* apPainter, const QwtScaleMap&, const QwtScaleMap&,
+              const QRectF& acCanvas) const override
+    {
+        apPainter->setRenderHint(QPainter::Antialiasing, false);
+        apPainter->setPen(QPen(cFocusColor, 0.0));
+        apPainter->setBrush(Qt::NoBrush);
+        apPainter->drawRect(acCanvas.adjusted(0.0, 0.0, -1.0, -1.0));
+    }
+};
 } // namespace
 
 tcPlotTools::tcPlotTools(QwtPlot& arPlot)
-    : mPlot(arPlot), mGrid(std::make_unique<QwtPlotGrid>())
+    : mPlot(arPlot)
+    , mGrid(std::make_unique<QwtPlotGrid>())
+    , mFocusFrame(std::make_unique<tcFocusFrame>())
 {
     mPlot.setContentsMargins(2, cEdge, cEdge, 2);
     mPlot.plotLayout()->setAlignCanvasToScales(true);
     static_cast<QwtPlotCanvas*>(mPlot.canvas())->setFrameStyle(QFrame::NoFrame);
+    mPlot.canvas()->installEventFilter(this);
     mGrid->setMajorPen(cMajorGridColor, 0.0, Qt::SolidLine);
     mGrid->setMinorPen(cMinorGridColor, 0.0, Qt::DotLine);
     mGrid->attach(&mPlot);
@@ -46,6 +73,26 @@ void tcPlotTools::prepareMouse(tcMarkerTable& arMarkers)
     auto* magnifier = new tcStripMagnifier(mPlot.canvas());
     for (const int axis : {QwtPlot::yRight, QwtPlot::xBottom, QwtPlot::xTop})
         magnifier->setAxisEnabled(axis, false);
+}
+
+/// Whoever comes by keyboard sees where the arrow keys go; for the mouse there is the pointer.
+bool tcPlotTools::eventFilter(QObject* apObject, QEvent* apEvent)
+{
+    const bool comes = apEvent->type() == QEvent::FocusIn;
+    if (!comes && apEvent->type() != QEvent::FocusOut)
+        return QObject::eventFilter(apObject, apEvent);
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(apEvent)->reason();
+    // A menu or another window takes the keys for a while, and gives them back.
+    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason)
+        mByKeyboard = comes;
+    else if (reason == Qt::MouseFocusReason)
+        mByKeyboard = false;
+    const bool shown = mFocusFrame->plot() != nullptr;
+    if (shown != mByKeyboard) {
+        mFocusFrame->attach(mByKeyboard ? &mPlot : nullptr);
+        mPlot.replot();
+    }
+    return QObject::eventFilter(apObject, apEvent);
 }
 
 void tcPlotTools::showGrid(bool abOn)

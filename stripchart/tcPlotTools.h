@@ -8,6 +8,7 @@ class QPoint;
 class QRectF;
 class QwtPlot;
 class QwtPlotGrid;
+class QwtPlotItem;
 class QwtPlotZoomer;
 class tcMarkerTable;
 
@@ -33,6 +34,8 @@ public:
     /// Notes what is shown now as what zooming out goes back to, unless a zoom is in force.
     void keepZoomBase();
 
+    bool eventFilter(QObject* apObject, QEvent* apEvent) override;
+
 Q_SIGNALS:
     void zoomed(const QRectF& arRect);
     void markerRequest(const QPoint& pos); ///< pixels of the canvas
@@ -40,5 +43,7 @@ Q_SIGNALS:
 private:
     QwtPlot& mPlot;
     std::unique_ptr<QwtPlotGrid> mGrid;
+    std::unique_ptr<QwtPlotItem> mFocusFrame; ///< on the plot while the keyboard works on it
+    bool mByKeyboard = false;
     QwtPlotZoomer* mZoomer = nullptr; ///< owned by the canvas
 };

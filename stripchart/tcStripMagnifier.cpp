@@ -1,6 +1,7 @@
 #include "stripchart/tcStripMagnifier.h"
 
 #include <QDebug>
+#include <QKeyEvent>
 #include <QWheelEvent>
 #include <qwt_plot.h>
 #include <qwt_scale_div.h>
@@ -28,7 +29,22 @@ bool tcStripMagnifier::eventFilter(QObject* apObject, QEvent* apEvent)
         const QPoint way = canvas()->rect().center() - wheel->position().toPoint();
         pan(way.x(), way.y());
     }
+    if (apObject == canvas() && apEvent->type() == QEvent::KeyPress
+        && zoomByKey(*static_cast<QKeyEvent*>(apEvent)))
+        return true;
     return QwtPlotMagnifier::eventFilter(apObject, apEvent);
+}
+
+/// Plus is typed with Shift on many keyboards, and there is another among the digits. The
+/// zoomer must not see these keys: it would put back at once what was shown before.
+bool tcStripMagnifier::zoomByKey(const QKeyEvent& acEvent)
+{
+    if (acEvent.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier))
+        return false;
+    if (acEvent.key() != Qt::Key_Plus && acEvent.key() != Qt::Key_Minus)
+        return false;
+    rescale(acEvent.key() == Qt::Key_Plus ? keyFactor() : 1.0 / keyFactor());
+    return true;
 }
 
 void tcStripMagnifier::pan(int anDx, int anDy)

@@ -3,7 +3,7 @@
 #include <qwt_plot_magnifier.h>
 
 /// Zooms the value axis with the wheel, about the point under the mouse, which comes to the
-/// middle of the canvas.
+/// middle of the canvas, and with Plus and Minus about the middle.
 class tcStripMagnifier : public QwtPlotMagnifier
 {
     Q_OBJECT
@@ -22,5 +22,6 @@ protected:
     void rescale(double anFactor) override;
 
 private:
+    bool zoomByKey(const QKeyEvent& acEvent); ///< true when it was one of its keys
     void panAxis(int anAxis, int anDx, int anDy);
 };

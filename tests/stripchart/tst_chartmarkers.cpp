@@ -50,6 +50,8 @@ private Q_SLOTS:
     void lineMarkerOfUnknownIdentifier();
     void markerListDialog();
     void markerListFollowsItsMarkers();
+    void markerListDeletesByKeyboard();
+    void markerListKeepsLines();
     void markerListSurvivesTheChart();
     void markerChangedOfUnknownNumber();
     void tenThousandMarkers();
@@ -347,6 +349,40 @@ void tst_ChartMarkers::markerListFollowsItsMarkers()
     QCOMPARE(edit->text(), QString("renamed"));
     edit->setText("again");
     QCOMPARE(table.find(second)->label().text(), QString("again"));
+}
+
+void tst_ChartMarkers::markerListDeletesByKeyboard()
+{
+    tcMarkedChart probe;
+    tcMarkerTable& table = probe.chart->markers();
+    const QUuid marker = table.place({30, 30});
+    table.setText(marker, "hot");
+    probe.action("actionMarkers")->trigger();
+    auto* dialog = probe.child<tcMarkerInfo>("tcMarkerInfo");
+    auto* edit = dialog->findChild<QLineEdit*>();
+    QVERIFY(QTest::qWaitForWindowExposed(dialog));
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, edit->rect().center(),
+                          edit->mapToGlobal(edit->rect().center()));
+    QApplication::sendEvent(edit, &key);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    QVERIFY(menu->actions().size() > 5); // after what every such box offers
+    QCOMPARE(menu->actions().last()->text(), QString("Delete Marker \"hot\""));
+    QTest::keyClick(menu, Qt::Key_Up);
+    QTest::keyClick(menu, Qt::Key_Return);
+    QVERIFY(table.markers().isEmpty());
+    QTRY_VERIFY(dialog->findChildren<QLineEdit*>().isEmpty());
+    QTRY_VERIFY(dialog->findChildren<QMenu*>().isEmpty());
+}
+
+void tst_ChartMarkers::markerListKeepsLines()
+{
+    tcMarkedChart probe;
+    probe.chart->addLineMarker("Set Point", 25.0);
+    probe.action("actionMarkers")->trigger();
+    auto* edit = probe.child<tcMarkerInfo>("tcMarkerInfo")->findChild<QLineEdit*>();
+    // Which the mouse can't delete either: it follows the camera.
+    QCOMPARE(edit->contextMenuPolicy(), Qt::DefaultContextMenu);
 }
 
 void tst_ChartMarkers::markerListSurvivesTheChart()

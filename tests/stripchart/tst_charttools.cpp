@@ -103,6 +103,9 @@ private Q_SLOTS:
     void controlDragIsNoZoom();
     void magnifierIsForTheLeftAxis();
     void wheelBringsThePointToTheMiddle();
+    void plusAndMinusZoom_data();
+    void plusAndMinusZoom();
+    void frameShowsWhereTheKeysGo();
     void wheelWithoutFactorDoesNotPan();
     void wheelLeavesTheTimeAxis();
     void wheelWorksOnTheRightAxisWhenEnabled();
@@ -313,6 +316,58 @@ void tst_ChartTools::wheelBringsThePointToTheMiddle()
     probe.wheel(probe.canvas()->rect().center(), -1);
     QVERIFY(std::abs(probe.shown(QwtPlot::yLeft).width() - 100.0) < 0.5);
     QVERIFY(width != probe.shown(QwtPlot::yLeft).width());
+}
+
+void tst_ChartTools::plusAndMinusZoom_data()
+{
+    QTest::addColumn<int>("modifier");
+    QTest::newRow("plain") << int(Qt::NoModifier);
+    QTest::newRow("typed with Shift") << int(Qt::ShiftModifier);
+    QTest::newRow("among the digits") << int(Qt::KeypadModifier);
+}
+
+void tst_ChartTools::plusAndMinusZoom()
+{
+    QFETCH(int, modifier);
+    tcToolChart probe;
+    const Qt::KeyboardModifiers modifiers(QFlag{modifier});
+    const double before = probe.shown(QwtPlot::yLeft).width();
+    QTest::keyClick(probe.canvas(), Qt::Key_Plus, modifiers);
+    const double closer = probe.shown(QwtPlot::yLeft).width();
+    QVERIFY(closer < before);
+    QTest::keyClick(probe.canvas(), Qt::Key_Minus, modifiers);
+    QVERIFY(probe.shown(QwtPlot::yLeft).width() > closer);
+    QTest::keyClick(probe.canvas(), Qt::Key_Plus, Qt::ControlModifier);
+    QCOMPARE(probe.shown(QwtPlot::yLeft).width(), before);
+}
+
+void tst_ChartTools::frameShowsWhereTheKeysGo()
+{
+    tcToolChart probe;
+    const auto colors = [&probe] {
+        probe.settle();
+        const QImage picture = probe.canvas()->grab().toImage();
+        return QPair<QColor, QColor>(picture.pixelColor(0, 40), picture.pixelColor(3, 40));
+    };
+    const auto tell = [&probe](QEvent::Type aeType, Qt::FocusReason aeReason) {
+        QFocusEvent event(aeType, aeReason);
+        QApplication::sendEvent(probe.canvas(), &event);
+    };
+    const auto without = colors();
+    tell(QEvent::FocusIn, Qt::TabFocusReason);
+    const auto with = colors();
+    QVERIFY(with.first != without.first);
+    QCOMPARE(with.second, without.second); // the curves keep their colours
+    // Until it comes back from a menu or another window.
+    tell(QEvent::FocusOut, Qt::PopupFocusReason);
+    tell(QEvent::FocusIn, Qt::PopupFocusReason);
+    QCOMPARE(colors(), with);
+    tell(QEvent::FocusOut, Qt::TabFocusReason);
+    QCOMPARE(colors(), without);
+    tell(QEvent::FocusIn, Qt::BacktabFocusReason);
+    QCOMPARE(colors(), with);
+    tell(QEvent::FocusIn, Qt::MouseFocusReason);
+    QCOMPARE(colors(), without);
 }
 
 void tst_ChartTools::wheelWithoutFactorDoesNotPan()

@@ -85,6 +85,7 @@ private Q_SLOTS:
     void pressElsewhereGoesToTheZoomer();
     void altClickOnALineStillMarks();
     void arrowKeysMoveTheOneClickedLast();
+    void digitsChooseOneForTheArrowKeys();
     void escapeLetsGo();
     void pointerTellsOfTheGrip();
     void switchedOffInTheMiddleOfADrag();
@@ -260,6 +261,28 @@ void tst_MeasuringCursors::arrowKeysMoveTheOneClickedLast()
     QTest::keyClick(probe.canvas(), Qt::Key_Left, Qt::ShiftModifier);
     QVERIFY(std::abs(probe.item()->time(1) - before + 9 * pixel) < 0.01);
     QCOMPARE(probe.item()->time(0), first);
+}
+
+void tst_MeasuringCursors::digitsChooseOneForTheArrowKeys()
+{
+    tcCursorChart probe;
+    QTest::keyClick(probe.canvas(), Qt::Key_1); // nobody's while there are no cursors
+    probe.action()->trigger();
+    QCOMPARE(probe.item()->chosen(), -1);
+    QTest::keyClick(probe.canvas(), Qt::Key_1);
+    QCOMPARE(probe.item()->chosen(), 0);
+    QTest::keyClick(probe.canvas(), Qt::Key_2, Qt::KeypadModifier);
+    QCOMPARE(probe.item()->chosen(), 1);
+    QTest::keyClick(probe.canvas(), Qt::Key_1, Qt::ControlModifier);
+    QTest::keyClick(probe.canvas(), Qt::Key_3);
+    QCOMPARE(probe.item()->chosen(), 1);
+    const double before = probe.item()->time(1);
+    QTest::keyClick(probe.canvas(), Qt::Key_Left);
+    QVERIFY(probe.item()->time(1) < before);
+    probe.press(probe.on(1));
+    QTest::keyClick(probe.canvas(), Qt::Key_1); // not in the middle of a drag
+    QCOMPARE(probe.item()->chosen(), 1);
+    probe.release(probe.on(1));
 }
 
 void tst_MeasuringCursors::escapeLetsGo()
