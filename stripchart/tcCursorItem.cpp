@@ -52,11 +52,10 @@ tcColumns columnsOf(const QVector<tcCursorItem::tcRow>& acRows, const QFontMetri
 {
     tcColumns columns;
     for (const tcCursorItem::tcRow& row : acRows) {
-        columns.name = std::max(columns.name, acMetrics.horizontalAdvance(row.name));
         columns.change = std::max(columns.change, acMetrics.horizontalAdvance(row.change));
         columns.rate = std::max(columns.rate, acMetrics.horizontalAdvance(row.rate));
     }
-    columns.name = std::min(columns.name, acMetrics.averageCharWidth() * cNameChars);
+    columns.name = tcCursorItem::nameWidth(acRows, acMetrics);
     columns.change += cGap;
     columns.rate += cGap;
     return columns;
@@ -67,6 +66,17 @@ tcCursorItem::tcCursorItem()
 {
     setZ(cAboveCurves);
     setItemAttribute(QwtPlotItem::AutoScale, false);
+}
+
+int tcCursorItem::nameWidth(const QVector<tcRow>& acRows, const QFontMetrics& acMetrics)
+{
+    // Not rounded, but up: a name that lacks the part of a pixel loses its last letters.
+    const QFontMetricsF exact(acMetrics);
+    double width = 0.0;
+    for (const tcRow& row : acRows)
+        width = std::max(width, exact.horizontalAdvance(row.name));
+    return std::min(static_cast<int>(std::ceil(width)),
+                    acMetrics.averageCharWidth() * cNameChars);
 }
 
 QPair<double, double> tcCursorItem::span() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFontMetrics>
 #include <QPair>
 #include <QVector>
 #include <qwt_plot_item.h>
@@ -34,6 +35,8 @@ public:
     };
     /// First the time between the lines, then the visible curves.
     QVector<tcRow> rows() const;
+    /// Room for the names in pixels: all of each, but for one that is long beyond measure.
+    static int nameWidth(const QVector<tcRow>& acRows, const QFontMetrics& acMetrics);
 
 private:
     void drawLines(QPainter& arPainter, const QwtScaleMap& acX, const QRectF& acCanvas) const;

@@ -104,6 +104,8 @@ void tcStatisticsDialog::buildTable()
     mTable->setHorizontalHeaderLabels(head);
     mTable->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
     mTable->horizontalHeader()->setMinimumSectionSize(cLeastColumn);
+    // Bold over a selected row, a title would need more room than it has.
+    mTable->horizontalHeader()->setHighlightSections(false);
     mTable->verticalHeader()->hide();
     mTable->setEditTriggers(QAbstractItemView::NoEditTriggers);
     mTable->setTabKeyNavigation(false); // the buttons below it could not be reached

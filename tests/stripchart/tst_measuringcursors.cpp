@@ -73,6 +73,7 @@ private Q_SLOTS:
     void nothingIsOnThePlotUntilAskedFor();
     void comeUpAtThirds();
     void tellChangeAndRate();
+    void namesAreNotCutForAPartOfAPixel();
     void hiddenCurvesAreLeftOut();
     void curveWithoutReadingsThere();
     void curveGoesWhileTheyAreShown();
@@ -134,6 +135,23 @@ void tst_MeasuringCursors::tellChangeAndRate()
     QCOMPARE(rows.at(1).color, probe.a->pen().color());
     QCOMPARE(rows.at(1).change, QStringLiteral("+20.000"));
     QCOMPARE(rows.at(1).rate, QStringLiteral("+60.000/min"));
+}
+
+void tst_MeasuringCursors::namesAreNotCutForAPartOfAPixel()
+{
+    QFont font;
+    font.setHintingPreference(QFont::PreferNoHinting); // so that letters have parts of pixels
+    for (int tenths = 60; tenths < 160; ++tenths) {
+        font.setPointSizeF(tenths / 10.0);
+        const QFontMetrics metrics(font);
+        const QString name = QString("Sensor %1").arg(tenths % 10);
+        const int width = tcCursorItem::nameWidth({{QColor(), name, {}, {}}}, metrics);
+        QCOMPARE(metrics.elidedText(name, Qt::ElideRight, width), name);
+    }
+    const QString endless(500, 'x');
+    const QFontMetrics metrics(font);
+    QVERIFY(tcCursorItem::nameWidth({{QColor(), endless, {}, {}}}, metrics)
+            < metrics.horizontalAdvance(endless) / 4);
 }
 
 void tst_MeasuringCursors::hiddenCurvesAreLeftOut()
