@@ -1,6 +1,7 @@
 #include "stripchart/tcLegendControl.h"
 
 #include "stripchart/logic/tcChartNames.h"
+#include "stripchart/tcChartAccess.h"
 #include "stripchart/tcCurveRef.h"
 #include "stripchart/tcStripCurve.h"
 #include "stripchart/tcStripLegend.h"
@@ -24,8 +25,10 @@ void tcLegendControl::setItemVisible(QwtPlotItem& arItem, bool abOn)
 {
     arItem.setVisible(abOn);
     const QVariant info = mPlot.itemToInfo(&arItem);
-    if (auto* label = qobject_cast<QwtLegendLabel*>(mLegend->legendWidget(info)))
+    if (auto* label = qobject_cast<QwtLegendLabel*>(mLegend->legendWidget(info))) {
         label->setChecked(abOn);
+        tcChartAccess::tellChecked(*label);
+    }
     Q_EMIT visibilityChanged();
     mPlot.replot();
 }

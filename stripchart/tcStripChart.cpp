@@ -3,6 +3,7 @@
 #include "app/tcSettings.h"
 #include "stripchart/logic/tcChartNames.h"
 #include "stripchart/tcAxisControl.h"
+#include "stripchart/tcChartAccess.h"
 #include "stripchart/tcChartActions.h"
 #include "stripchart/tcChartDialogs.h"
 #include "stripchart/tcChartFiles.h"
@@ -41,6 +42,7 @@ tcStripChart::tcStripChart(QWidget* apParent)
     , mClock(&QDateTime::currentMSecsSinceEpoch)
     , mTitle(tcChartNames::defaultTitle())
 {
+    tcChartAccess::install(); // before anybody asks about a part
     mForm->setupUi(this);
     mForm->qwtPlot->setMinimumSize(cPlotMinimumWidth, cPlotMinimumHeight);
     mForm->qwtPlot->setAutoDelete(false);

@@ -28,6 +28,7 @@ void tcLegendLabel::setAlarm(bool abOn)
     if (abOn == mAlarm)
         return;
     mAlarm = abOn;
+    setAccessibleDescription(abOn ? tr("Outside its limits") : QString());
     update();
 }
 

@@ -445,6 +445,10 @@
         <translation>Empfangene Bytes</translation>
     </message>
     <message>
+        <source>Received data</source>
+        <translation>Empfangene Daten</translation>
+    </message>
+    <message>
         <source>Last reply</source>
         <translation>Letzte Antwort</translation>
     </message>
@@ -1143,6 +1147,13 @@
     <message>
         <source>Curve Title:</source>
         <translation>Name der Kurve:</translation>
+    </message>
+</context>
+<context>
+    <name>tcLegendLabel</name>
+    <message>
+        <source>Outside its limits</source>
+        <translation>Außerhalb der Grenzwerte</translation>
     </message>
 </context>
 <context>

@@ -1,5 +1,7 @@
 #include "app/tcMainWindow.h"
 #include "stripchart/tcStripChart.h"
+#include "stripchart/tcStripCurve.h"
+#include "stripchart/tcStripLegend.h"
 #include "tests/support/tcFakeSerial.h"
 
 #include <QAccessible>
@@ -17,6 +19,7 @@
 #include <QTabWidget>
 #include <QTemporaryFile>
 #include <QTest>
+#include <qwt_plot.h>
 
 #include <memory>
 
@@ -35,6 +38,9 @@ private Q_SLOTS:
     void cameraPanels();
     void chart_data();
     void chart();
+    void legendEntriesAreCheckBoxes();
+    void canvasIsAChart();
+    void tabsHaveNames();
     void dialogsOfTheChart_data();
     void dialogsOfTheChart();
     void findBarOfAView_data();
@@ -240,6 +246,57 @@ void tst_Accessible::chart()
     QVERIFY(chart);
     QVERIFY(focusable(*chart).size() >= 10);
     toCheckEachTab(*chart);
+}
+
+void tst_Accessible::legendEntriesAreCheckBoxes()
+{
+    tcStripChart* chart = openChart(2);
+    QVERIFY(chart);
+    auto* label = chart->findChild<tcLegendLabel*>();
+    QVERIFY(label);
+    QAccessibleInterface* entry = QAccessible::queryAccessibleInterface(label);
+    QVERIFY(entry);
+    QCOMPARE(entry->role(), QAccessible::CheckBox);
+    QCOMPARE(entry->text(QAccessible::Name), label->text().text());
+    QVERIFY(entry->state().checkable && entry->state().checked);
+    QVERIFY(entry->actionInterface()->actionNames().contains(
+        QAccessibleActionInterface::toggleAction()));
+    entry->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    QVERIFY(!entry->state().checked);
+    QVERIFY(!chart->curves().first()->isVisible());
+    QTest::keyClick(label, Qt::Key_Space);
+    QVERIFY(entry->state().checked);
+    QVERIFY(chart->curves().first()->isVisible());
+
+    QCOMPARE(entry->text(QAccessible::Description), QString());
+    label->setAlarm(true); // which its colour alone would tell
+    QCOMPARE(entry->text(QAccessible::Description), QString("Outside its limits"));
+    label->setAlarm(false);
+    QCOMPARE(entry->text(QAccessible::Description), QString());
+}
+
+void tst_Accessible::canvasIsAChart()
+{
+    tcStripChart* chart = openChart(0);
+    QVERIFY(chart);
+    QAccessibleInterface* canvas
+        = QAccessible::queryAccessibleInterface(chart->findChild<QwtPlot*>()->canvas());
+    QVERIFY(canvas);
+    QCOMPARE(canvas->role(), QAccessible::Chart);
+    QCOMPARE(canvas->text(QAccessible::Name), QString("Chart"));
+}
+
+void tst_Accessible::tabsHaveNames()
+{
+    tcStripChart* chart = openChart(0);
+    QVERIFY(chart);
+    const QList<QTabWidget*> all
+        = mWindow->findChildren<QTabWidget*>() + chart->findChildren<QTabWidget*>();
+    QVERIFY(all.size() > 6);
+    for (QTabWidget* tabs : all) {
+        const QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(tabs);
+        QVERIFY2(!reader->text(QAccessible::Name).isEmpty(), qPrintable(described(*tabs)));
+    }
 }
 
 void tst_Accessible::dialogsOfTheChart_data()
