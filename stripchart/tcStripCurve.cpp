@@ -73,8 +73,7 @@ void tcStripCurve::addSamples(const double* apTimes, const double* apValues, int
         return;
     {
         const std::lock_guard<std::mutex> lock(mSamples->mutex);
-        for (int i = 0; i < anCount; ++i)
-            mSamples->store.append(apTimes[i], apValues[i]);
+        mSamples->store.append(apTimes, apValues, anCount);
     }
     samplesChanged();
 }

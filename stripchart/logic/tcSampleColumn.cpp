@@ -24,6 +24,47 @@ void tcSampleColumn::append(double anValue)
     ++mSize;
 }
 
+/// Whole runs of finite numbers at once, all others one by one.
+void tcSampleColumn::append(const double* apNumbers, int anCount)
+{
+    const double* end = apNumbers + anCount;
+    while (apNumbers < end) {
+        const bool begun = (mOffset + mSize) % cRunSize != 0;
+        if (begun || end - apNumbers < cRunSize || !allFinite(apNumbers)) {
+            append(*apNumbers++);
+            continue;
+        }
+        appendRun(apNumbers);
+        apNumbers += cRunSize;
+    }
+}
+
+void tcSampleColumn::appendRun(const double* apRun)
+{
+    const int place = (mOffset + mSize) % cBlockSize;
+    if (place == 0)
+        addBlock();
+    tcEntry& last = mBlocks.back();
+    std::copy_n(apRun, cRunSize, last.block->numbers + place);
+    const tcExtent run = ofFinite(apRun, cRunSize);
+    last.block->runs[place / cRunSize] = run;
+    tcExtent& group = last.block->groups[place / cGroupSize];
+    if (place % cGroupSize == 0)
+        group = tcExtent::none();
+    group.unite(run);
+    last.all.unite(run);
+    mSize += cRunSize;
+}
+
+bool tcSampleColumn::allFinite(const double* apRun)
+{
+    // Without a way out of the loop, so that it looks at several numbers at a time.
+    bool finite = true;
+    for (int i = 0; i < cRunSize; ++i)
+        finite &= std::isfinite(apRun[i]);
+    return finite;
+}
+
 void tcSampleColumn::addBlock()
 {
     tcEntry entry;

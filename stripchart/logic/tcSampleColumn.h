@@ -53,9 +53,10 @@ public:
     }
 
     void append(double anValue);
-    void dropFirst();         ///< nothing happens to an empty row
-    void resize(int anCount); ///< cuts at the end or pads with zeros
-    void clear();             ///< the memory is kept for what comes next
+    void append(const double* apNumbers, int anCount); ///< as one by one, but faster
+    void dropFirst();                                  ///< nothing happens to an empty row
+    void resize(int anCount);                          ///< cuts at the end or pads with zeros
+    void clear(); ///< the memory is kept for what comes next
 
     tcExtent extent() const;
     tcExtent extent(int anFirst, int anCount) const;
@@ -89,6 +90,8 @@ private:
     };
 
     static tcExtent ofFinite(const double* apNumbers, int anCount);
+    static bool allFinite(const double* apRun);
+    void appendRun(const double* apRun);
     static tcExtent ofRuns(const tcBlock& acBlock, int anFirst, int anEnd);
     /// abFinite: none of the numbers is NaN or infinite, which saves looking.
     static tcExtent within(const tcBlock& acBlock, int anFirst, int anEnd, bool abFinite);

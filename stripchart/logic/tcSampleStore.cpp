@@ -2,6 +2,17 @@
 
 #include <algorithm>
 
+namespace
+{
+
+/// Negated so that a time that is no number counts as a step back, before and after it.
+bool isStepBack(double anBefore, double anTime)
+{
+    return !(anTime >= anBefore);
+}
+
+} // namespace
+
 void tcSampleStore::append(double anTime, double anValue)
 {
     // As designed: looked at before the sample is added and strictly greater, so a full curve
@@ -14,11 +25,37 @@ void tcSampleStore::append(double anTime, double anValue)
     mPaired = std::min(mPaired + 1, size());
 }
 
+void tcSampleStore::append(const double* apTimes, const double* apValues, int anCount)
+{
+    // None of these drops another.
+    const long long room = std::max(mCapacity + 1LL - mValues.size(), 0LL);
+    const auto atOnce = static_cast<int>(std::min<long long>(anCount, room));
+    if (atOnce > 0)
+        addAtOnce(apTimes, apValues, atOnce);
+    for (int i = atOnce; i < anCount; ++i)
+        append(apTimes[i], apValues[i]);
+}
+
+/// Where all are known to fit.
+void tcSampleStore::addAtOnce(const double* apTimes, const double* apValues, int anCount)
+{
+    const long long first = mDropped + mTimes.size();
+    if (mTimes.size() > 0 && isStepBack(mTimes.at(mTimes.size() - 1), apTimes[0]))
+        mStepsBack.push_back(first);
+    for (int i = 1; i < anCount; ++i) {
+        if (isStepBack(apTimes[i - 1], apTimes[i]))
+            mStepsBack.push_back(first + i);
+    }
+    mTimes.append(apTimes, anCount);
+    mValues.append(apValues, anCount);
+    mAppended += anCount;
+    mPaired = std::min(mPaired + anCount, size());
+}
+
 void tcSampleStore::addTime(double anTime)
 {
     const int count = mTimes.size();
-    // Negated so that a time that is no number counts as a step back, before and after it.
-    if (count > 0 && !(anTime >= mTimes.at(count - 1)))
+    if (count > 0 && isStepBack(mTimes.at(count - 1), anTime))
         mStepsBack.push_back(mDropped + count);
     mTimes.append(anTime);
 }

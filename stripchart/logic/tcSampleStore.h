@@ -16,6 +16,7 @@ public:
     /// Drops the oldest time and value when there are more values than the capacity, then adds
     /// the new ones.
     void append(double anTime, double anValue);
+    void append(const double* apTimes, const double* apValues, int anCount); ///< as one by one
     void clear();
 
     int capacity() const { return mCapacity; }
@@ -55,6 +56,7 @@ public:
 
 private:
     void addTime(double anTime);
+    void addAtOnce(const double* apTimes, const double* apValues, int anCount);
     void dropOldest();
 
     tcSampleColumn mTimes;

@@ -86,6 +86,36 @@ void compare(const tcSampleStore& acStore, const tcPlainStore& acPlain)
     QVERIFY(same(acStore.valueExtent(), tcPlainStore::extent(acPlain.values, 0, size)));
 }
 
+/// Everything that one store tells, against the other.
+void compareStores(const tcSampleStore& acStore, const tcSampleStore& acOther,
+                   std::mt19937& arRandom)
+{
+    tcPlainStore plain;
+    for (int i = 0; i < acOther.times().size(); ++i)
+        plain.times.push_back(acOther.times().at(i));
+    for (int i = 0; i < acOther.values().size(); ++i)
+        plain.values.push_back(acOther.values().at(i));
+    compare(acStore, plain);
+    for (int i = 0; i < acOther.size(); ++i)
+        QCOMPARE(acStore.nextGap(i), acOther.nextGap(i));
+    for (int i = 0; i < 20 && acOther.size() > 0; ++i) {
+        const int first = int(arRandom() % unsigned(acOther.size()));
+        const int count = int(arRandom() % unsigned(acOther.size() - first + 1));
+        QVERIFY(same(acStore.values().extent(first, count),
+                     tcPlainStore::extent(plain.values, first, count)));
+    }
+    QCOMPARE(acStore.appended(), acOther.appended());
+    std::vector<double> since[4];
+    const auto seen = acOther.appended()
+        - static_cast<long long>(arRandom() % unsigned(acOther.size() + 1));
+    acStore.copyAppendedSince(seen, since[0], since[1]);
+    acOther.copyAppendedSince(seen, since[2], since[3]);
+    QVERIFY(std::equal(since[0].begin(), since[0].end(), since[2].begin(), since[2].end(),
+                       sameNumber));
+    QVERIFY(std::equal(since[1].begin(), since[1].end(), since[3].begin(), since[3].end(),
+                       sameNumber));
+}
+
 } // namespace
 
 class tst_SampleStore : public QObject
@@ -364,6 +394,51 @@ private Q_SLOTS:
             compare(store, plain);
             if (QTest::currentTestFailed())
                 return;
+        }
+    }
+
+    void manyAtOnceAreAsOneByOne_data() { agreesWithTwoPlainVectors_data(); }
+
+    void manyAtOnceAreAsOneByOne()
+    {
+        QFETCH(int, seed);
+        QFETCH(int, largest);
+        std::mt19937 random(static_cast<unsigned>(seed));
+        tcSampleStore store;
+        tcSampleStore oneByOne;
+        for (int round = 0; round < 60; ++round) {
+            const auto count = std::size_t(random() % unsigned(largest));
+            const unsigned rare = random() % 2 == 0 ? 40 : 5000;
+            std::vector<double> times;
+            std::vector<double> values;
+            for (std::size_t i = 0; i < count; ++i) {
+                times.push_back(random() % rare == 0 ? cNan : double(random() % 2 + 2 * i));
+                values.push_back(random() % rare == 0 ? cInfinity : double(random()) - 2e9);
+                oneByOne.append(times.back(), values.back());
+            }
+            store.append(times.data(), values.data(), int(count));
+            if (random() % 4 == 0) {
+                const int capacity = int(random() % unsigned(2 * largest));
+                store.setCapacity(capacity);
+                oneByOne.setCapacity(capacity);
+            }
+            compareStores(store, oneByOne, random);
+            if (QTest::currentTestFailed())
+                return;
+        }
+    }
+
+    void manyAtOnceWithAnyCapacity()
+    {
+        const std::vector<double> numbers(40, 1.0);
+        for (const int capacity : {0, 1, 38, 39, 40, std::numeric_limits<int>::max()}) {
+            tcSampleStore store;
+            store.setCapacity(capacity);
+            store.append(numbers.data(), numbers.data(), 40);
+            QCOMPARE(store.values().size(), capacity < 39 ? capacity + 1 : 40);
+            QCOMPARE(store.appended(), 40LL);
+            store.append(numbers.data(), numbers.data(), 0);
+            QCOMPARE(store.appended(), 40LL);
         }
     }
 
