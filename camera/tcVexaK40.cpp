@@ -18,6 +18,7 @@
 #include "widgets/tcDialogs.h"
 #include "widgets/tcHistoryKeys.h"
 #include "widgets/tcLateIcon.h"
+#include "widgets/tcWaitCursor.h"
 
 #include <QDateTime>
 #include <QDebug>
@@ -297,6 +298,7 @@ void tcVexaK40::SendPreset()
         return;
     const QByteArray script(preset->script);
     constexpr int cBytesPerMs = 5;
+    const tcWaitCursor waiting;
     tcSerialLink::write(mSerialRef, script, static_cast<quint32>(script.size() / cBytesPerMs));
 }
 
@@ -310,6 +312,7 @@ void tcVexaK40::SendFile()
     // While the operator chose, the camera may have fallen silent and the port been closed.
     if (!alive || fileName.isEmpty() || mSerialRef == 0)
         return;
+    const tcWaitCursor waiting;
     if (const std::optional<QByteArray> script = tcScriptFile::read(fileName))
         tcSerialLink::write(mSerialRef, *script, cFileTimeoutMs);
 }

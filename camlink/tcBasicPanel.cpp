@@ -3,6 +3,7 @@
 #include "camlink/logic/tcScriptFile.h"
 #include "camlink/logic/tcWireCommand.h"
 #include "widgets/tcDialogs.h"
+#include "widgets/tcWaitCursor.h"
 
 #include <QElapsedTimer>
 
@@ -91,6 +92,7 @@ void tcBasicPanel::sendChosenPreset()
     const int index = mPresetsCB->currentIndex();
     if (mSerialRef == 0 || index < 0 || index >= mPresets.count)
         return;
+    const tcWaitCursor waiting;
     tcSerialLink::write(mSerialRef, mPresets.first[index].script, cWriteTimeoutMs);
 }
 
@@ -102,6 +104,7 @@ void tcBasicPanel::sendChosenFile()
                                                        tr("preset files (*.txt)"));
     if (name.isEmpty() || mSerialRef == 0) // the port may have been closed behind the dialog
         return;
+    const tcWaitCursor waiting;
     if (const std::optional<QByteArray> script = tcScriptFile::read(name))
         tcSerialLink::write(mSerialRef, *script, cFileTimeoutMs);
 }

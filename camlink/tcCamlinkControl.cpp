@@ -6,6 +6,7 @@
 #include "camlink/tcVexaR60.h"
 #include "camlink/tcVexaR70.h"
 #include "widgets/tcReplyView.h"
+#include "widgets/tcWaitCursor.h"
 
 #include "ui_CamlinkControl.h"
 
@@ -88,8 +89,10 @@ void tcCamlinkControl::refresh()
 void tcCamlinkControl::refreshUnlessOpen()
 {
     // A port that is in use stays where it is in the list, and "Close" stays within reach.
-    if (mSerialRef == 0)
-        refresh();
+    if (mSerialRef != 0)
+        return;
+    const tcWaitCursor waiting; // some drivers look for their boards each time
+    refresh();
 }
 
 void tcCamlinkControl::open()
@@ -105,7 +108,10 @@ void tcCamlinkControl::openPort()
     const int index = mForm->portCB->currentIndex();
     if (index < 0)
         return;
-    const tcSerialLink::tcOpened port = tcSerialLink::open(static_cast<quint32>(index));
+    const tcSerialLink::tcOpened port = [index] {
+        const tcWaitCursor waiting;
+        return tcSerialLink::open(static_cast<quint32>(index));
+    }();
     mManufacturer = mPortManufacturers.value(index);
     if (port.status != 0) {
         Q_EMIT info(tcSerialLink::errorText(mManufacturer, port.status));
@@ -138,7 +144,10 @@ void tcCamlinkControl::letGoOfPort()
         panel->closePort();
     // Forgotten before it is closed: a driver that hangs meanwhile won't be asked twice.
     const tcSerialLink::tcRef ref = std::exchange(mSerialRef, 0);
-    tcSerialLink::close(ref);
+    {
+        const tcWaitCursor waiting;
+        tcSerialLink::close(ref);
+    }
     mSession->portClosed();
 }
 
