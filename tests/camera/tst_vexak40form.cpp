@@ -58,6 +58,7 @@ private Q_SLOTS:
     void everyControlHasAnAccessibleName();
     void tabOrderFollowsTheEye();
     void longSensorNamesAreShownWhole();
+    void narrowSensorsLeaveThePeriodWhole();
     void fitsTheDefaultWindow_data();
     void fitsTheDefaultWindow();
 };
@@ -321,6 +322,20 @@ void tst_VexaK40Form::longSensorNamesAreShownWhole()
     const int line = list->visualItemRect(list->item(0)).height();
     QTRY_VERIFY(list->visualItemRect(added).height() >= 2 * line - 4);
     QVERIFY(list->visualItemRect(added).width() <= list->viewport()->width());
+}
+
+/// Whoever gives the views all the room still reads how often the camera is asked.
+void tst_VexaK40Form::narrowSensorsLeaveThePeriodWhole()
+{
+    tcPanelRig rig;
+    rig.panel.resize(710, 360);
+    rig.panel.show();
+    rig.find<QSplitter>("sensorSplitter")->setSizes({10000, 0});
+    const auto* period = rig.find<QSpinBox>("pollSecSB");
+    QTRY_VERIFY(period->isVisible());
+    QApplication::sendPostedEvents();
+    QVERIFY2(period->width() >= period->sizeHint().width(),
+             qPrintable(QString::number(period->width())));
 }
 
 void tst_VexaK40Form::fitsTheDefaultWindow_data()
