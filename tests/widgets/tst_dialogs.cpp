@@ -139,7 +139,7 @@ void tst_Dialogs::documentsFolderThatIsNotThere()
     const auto back = qScopeGuard([&] { qputenv("HOME", homeBefore); });
     const QString documents
         = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    if (QFileInfo::exists(documents))
+    if (!documents.startsWith(home.path()))
         QSKIP("This system's documents folder does not depend on where home is.");
     QDir folder;
     QStringList chosen;
