@@ -5,6 +5,7 @@
 #include "stripchart/tcChartSettings.h"
 #include "widgets/tcDialogs.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QMenu>
@@ -41,6 +42,21 @@ QString entry(const QString& acFile)
     return tcChartNames::menuText(path);
 }
 
+/// The chart's settings, or the user's own where those can't be written: they are the whole
+/// computer's, as a rule an administrator's.
+QSharedPointer<tcSettings> writableSettings(const QString& acChartName)
+{
+    auto settings = tcSettings::create();
+    if (!settings->isWritable()) {
+        settings = QSharedPointer<tcSettings>::create(QSettings::IniFormat, QSettings::UserScope,
+                                                      QStringLiteral("Quillon"),
+                                                      QCoreApplication::applicationName());
+        settings->setFallbacksEnabled(false); // an entry taken off would come back from there
+    }
+    settings->beginGroup(tcChartSettings::group(acChartName));
+    return settings;
+}
+
 } // namespace
 
 tcRecentFiles::tcRecentFiles(QWidget& arChart, std::function<QString()> aName)
@@ -61,8 +77,7 @@ QAction* tcRecentFiles::action() const
 
 QStringList tcRecentFiles::files() const
 {
-    const auto settings = tcSettings::create();
-    settings->beginGroup(tcChartSettings::group(mName()));
+    const auto settings = writableSettings(mName());
     QStringList all = settings->value(cRecentFiles).toStringList();
     all.removeAll(QString());
     return all.mid(0, cMaxFiles);
@@ -70,8 +85,7 @@ QStringList tcRecentFiles::files() const
 
 void tcRecentFiles::store(const QStringList& acFiles)
 {
-    const auto settings = tcSettings::create();
-    settings->beginGroup(tcChartSettings::group(mName()));
+    const auto settings = writableSettings(mName());
     if (acFiles.isEmpty())
         settings->remove(cRecentFiles);
     else

@@ -11,8 +11,9 @@ class QMenu;
 class QWidget;
 
 /// The submenu of the files that a chart saved, loaded or logged last, newest first. They are
-/// kept in the settings under the chart's name and read when the menu opens, so that a chart
-/// which never opens it pays nothing. GUI thread only.
+/// kept in the settings under the chart's name, the user's own where the chart's can't be
+/// written, and read when the menu opens, so that a chart which never opens it pays nothing.
+/// GUI thread only.
 class tcRecentFiles : public QObject
 {
     Q_OBJECT

@@ -362,6 +362,19 @@ private Q_SLOTS:
         QTRY_COMPARE(other.curves().size(), 1);
     }
 
+    void filesAreKeptForTheUserWhereTheChartsSettingsAreNot()
+    {
+        // A folder is no file that anyone could write, whoever runs this.
+        tcSettings::setDefaultFile(mProbe->folder.path());
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, mProbe->path("user"));
+        chart().loadCsvFile(mProbe->put("kept.csv", "t,A\n1,1\n"));
+        QCOMPARE(recentFiles(), QStringList("kept.csv"));
+        QVERIFY(QFile::remove(mProbe->path("kept.csv")));
+        recent()->actions().first()->trigger();
+        QTRY_COMPARE(mProbe->asked("warning").size(), 1);
+        QVERIFY(recentFiles().isEmpty());
+    }
+
     void longPathsAreCutInTheMiddle()
     {
         const QString folder = "deep/" + QString(100, 'd');
