@@ -77,7 +77,8 @@ function(tarvik_test_environment name)
     set(home "${CMAKE_BINARY_DIR}/tests/home/${name}")
     file(MAKE_DIRECTORY "${home}")
     # No system-wide settings: what one run of a test stores there, the next would restore.
-    set(environment "HOME=${home}" "XDG_CONFIG_HOME=${home}/.config" "XDG_DATA_HOME=${home}/.local/share"
+    set(environment "HOME=${home}" "XDG_CONFIG_HOME=${home}/.config"
+        "XDG_CONFIG_DIRS=/dev/null/none" "XDG_DATA_HOME=${home}/.local/share"
         "QT_QPA_PLATFORM=offscreen" "LC_ALL=C.UTF-8" "TZ=Europe/Berlin" "QT_LOGGING_RULES="
         "ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:new_delete_type_mismatch=0"
         "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0"
