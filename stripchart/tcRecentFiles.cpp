@@ -48,9 +48,9 @@ QSharedPointer<tcSettings> writableSettings(const QString& acChartName)
 {
     auto settings = tcSettings::create();
     if (!settings->isWritable()) {
-        settings = QSharedPointer<tcSettings>::create(QSettings::IniFormat, QSettings::UserScope,
-                                                      QStringLiteral("Quillon"),
-                                                      QCoreApplication::applicationName());
+        settings = QSharedPointer<tcSettings>::create(
+            QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Quillon"),
+            QCoreApplication::applicationName());
         settings->setFallbacksEnabled(false); // an entry taken off would come back from there
     }
     settings->beginGroup(tcChartSettings::group(acChartName));
