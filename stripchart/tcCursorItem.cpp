@@ -48,16 +48,19 @@ struct tcColumns
     int width() const { return name + change + rate; }
 };
 
-tcColumns columnsOf(const QVector<tcCursorItem::tcRow>& acRows, const QFontMetrics& acMetrics)
+tcColumns columnsOf(const QVector<tcCursorItem::tcRow>& acRows, const QFontMetrics& acMetrics,
+                    int anRoom)
 {
     tcColumns columns;
     for (const tcCursorItem::tcRow& row : acRows) {
         columns.change = std::max(columns.change, acMetrics.horizontalAdvance(row.change));
         columns.rate = std::max(columns.rate, acMetrics.horizontalAdvance(row.rate));
     }
-    columns.name = tcCursorItem::nameWidth(acRows, acMetrics);
     columns.change += cGap;
     columns.rate += cGap;
+    // On a narrow canvas the names give way to the numbers, which stand nowhere else.
+    columns.name
+        = tcCursorItem::nameWidth(acRows, acMetrics, anRoom - columns.change - columns.rate);
     return columns;
 }
 } // namespace
@@ -68,15 +71,16 @@ tcCursorItem::tcCursorItem()
     setItemAttribute(QwtPlotItem::AutoScale, false);
 }
 
-int tcCursorItem::nameWidth(const QVector<tcRow>& acRows, const QFontMetrics& acMetrics)
+int tcCursorItem::nameWidth(const QVector<tcRow>& acRows, const QFontMetrics& acMetrics,
+                            int anRoom)
 {
     // Not rounded, but up: a name that lacks the part of a pixel loses its last letters.
     const QFontMetricsF exact(acMetrics);
     double width = 0.0;
     for (const tcRow& row : acRows)
         width = std::max(width, exact.horizontalAdvance(row.name));
-    return std::min(static_cast<int>(std::ceil(width)),
-                    acMetrics.averageCharWidth() * cNameChars);
+    const int most = std::min(anRoom, acMetrics.averageCharWidth() * cNameChars);
+    return std::max(0, std::min(static_cast<int>(std::ceil(width)), most));
 }
 
 QPair<double, double> tcCursorItem::span() const
@@ -129,9 +133,11 @@ void tcCursorItem::drawRows(QPainter& arPainter, const QRectF& acCanvas) const
     arPainter.setFont(font);
     const QFontMetrics metrics(font, arPainter.device());
     const QVector<tcRow> all = rows();
-    const tcColumns columns = columnsOf(all, metrics);
     const int height = metrics.height() + 2;
     const int mark = metrics.height() / 2;
+    const int beside = 2 * cInset + 3 * cPadding + mark;
+    const tcColumns columns
+        = columnsOf(all, metrics, static_cast<int>(acCanvas.width()) - beside);
     const int room = static_cast<int>(acCanvas.height()) - 2 * (cInset + cPadding);
     const int shown = std::min(all.size(), std::max(1, room / height));
     const QRect frame(

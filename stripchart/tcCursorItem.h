@@ -35,8 +35,10 @@ public:
     };
     /// First the time between the lines, then the visible curves.
     QVector<tcRow> rows() const;
-    /// Room for the names in pixels: all of each, but for one that is long beyond measure.
-    static int nameWidth(const QVector<tcRow>& acRows, const QFontMetrics& acMetrics);
+    /// Of the names in pixels: all of each, but for one that is long beyond measure, within the
+    /// room that there is.
+    static int nameWidth(const QVector<tcRow>& acRows, const QFontMetrics& acMetrics,
+                         int anRoom);
 
 private:
     void drawLines(QPainter& arPainter, const QwtScaleMap& acX, const QRectF& acCanvas) const;

@@ -74,6 +74,7 @@ private Q_SLOTS:
     void comeUpAtThirds();
     void tellChangeAndRate();
     void namesAreNotCutForAPartOfAPixel();
+    void namesGiveWayToTheNumbers();
     void hiddenCurvesAreLeftOut();
     void curveWithoutReadingsThere();
     void curveGoesWhileTheyAreShown();
@@ -145,13 +146,39 @@ void tst_MeasuringCursors::namesAreNotCutForAPartOfAPixel()
         font.setPointSizeF(tenths / 10.0);
         const QFontMetrics metrics(font);
         const QString name = QString("Sensor %1").arg(tenths % 10);
-        const int width = tcCursorItem::nameWidth({{QColor(), name, {}, {}}}, metrics);
+        const int width = tcCursorItem::nameWidth({{QColor(), name, {}, {}}}, metrics, 1000);
         QCOMPARE(metrics.elidedText(name, Qt::ElideRight, width), name);
     }
     const QString endless(500, 'x');
     const QFontMetrics metrics(font);
-    QVERIFY(tcCursorItem::nameWidth({{QColor(), endless, {}, {}}}, metrics)
+    QVERIFY(tcCursorItem::nameWidth({{QColor(), endless, {}, {}}}, metrics, 100000)
             < metrics.horizontalAdvance(endless) / 4);
+}
+
+void tst_MeasuringCursors::namesGiveWayToTheNumbers()
+{
+    const QFontMetrics metrics{QFont()};
+    const QVector<tcCursorItem::tcRow> rows{{QColor(), "Thermistor Temperature", {}, {}}};
+    QCOMPARE(tcCursorItem::nameWidth(rows, metrics, 30), 30);
+    QCOMPARE(tcCursorItem::nameWidth(rows, metrics, -20), 0);
+
+    // On a canvas that is too narrow for both, the read-out still ends before the edge.
+    tcCursorChart probe;
+    probe.a->setTitle(QString("Thermistor Temperature of the second camera"));
+    probe.chart->resize(640, 400);
+    probe.child<QAction>("actionShow_Left")->setChecked(false);
+    probe.chart->resize(420, 400);
+    probe.settle();
+    probe.action()->trigger();
+    probe.plot->replot();
+    const QImage picture = probe.canvas()->grab().toImage();
+    const int row = 14; // within the read-out, above its letters
+    const QRgb shade = picture.pixel(12, row);
+    int end = 12;
+    while (end < picture.width() && picture.pixel(end, row) == shade)
+        ++end;
+    QVERIFY2(end < picture.width() - 4,
+             qPrintable(QString("%1 of %2").arg(end).arg(picture.width())));
 }
 
 void tst_MeasuringCursors::hiddenCurvesAreLeftOut()
