@@ -1,6 +1,7 @@
 #include "app/tcMainWindow.h"
 
 #include "app/logic/tcVersion.h"
+#include "app/tcMenuKeys.h"
 #include "camlink/tcCamlinkControl.h"
 #include "camlink/tcSessionControl.h"
 #include "widgets/tcDialogs.h"
@@ -58,6 +59,7 @@ tcMainWindow::tcMainWindow(QWidget* apParent) : QMainWindow(apParent)
     mCamlinkControl = new tcCamlinkControl(this);
     setCentralWidget(mCamlinkControl);
     buildMenus();
+    tcMenuKeys::install(*this);
 
     buildStatusBar();
 
