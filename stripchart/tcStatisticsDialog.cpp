@@ -36,10 +36,10 @@ constexpr qint64 cSwiftMs = 20; ///< a refresh that may follow the mouse
 constexpr int cMarkSize = 10;
 constexpr int cLeastColumn = 84;
 
-QString timeText(double anMs)
+QString timeText(const QDateTime& acTime, bool abWithDay)
 {
-    return QDateTime::fromMSecsSinceEpoch(std::llround(anMs))
-        .toString(QStringLiteral("hh:mm:ss.zzz"));
+    return acTime.toString(abWithDay ? QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz")
+                                     : QStringLiteral("hh:mm:ss.zzz"));
 }
 
 QTableWidgetItem& cell(QTableWidget& arTable, int anRow, int anColumn)
@@ -118,9 +118,12 @@ void tcStatisticsDialog::refresh()
     QElapsedTimer watch;
     watch.start();
     const QPair<double, double> range = span();
+    const auto from = QDateTime::fromMSecsSinceEpoch(std::llround(range.first));
+    const auto to = QDateTime::fromMSecsSinceEpoch(std::llround(range.second));
+    const bool withDay = from.date() != to.date(); // a day later the clock shows the same
     mTimes->setText(
         tr("%1 to %2 (%3)")
-            .arg(timeText(range.first), timeText(range.second),
+            .arg(timeText(from, withDay), timeText(to, withDay),
                  tcMeasure::durationText(std::llround(range.second - range.first))));
     int row = 0;
     const QwtPlotItemList items = mPlot.itemList(tcStripCurve::cRtti);

@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QStandardItemModel>
@@ -56,6 +57,7 @@ class tst_StatisticsDialog : public QObject
 
 private Q_SLOTS:
     void visibleRange();
+    void timesOfSeveralDaysTellTheDay();
     void onlyWhatIsInView();
     void betweenTheCursors();
     void cursorsSwitchedOff();
@@ -80,6 +82,18 @@ void tst_StatisticsDialog::visibleRange()
     QCOMPARE(probe.table()->rowCount(), 1);
     QCOMPARE(probe.row(0),
              QStringList({"A", "11", "0.000", "10.000", "5.000", "3.317", "+60.000"}));
+}
+
+void tst_StatisticsDialog::timesOfSeveralDaysTellTheDay()
+{
+    tcSummedChart probe;
+    const auto* times = probe.open()->findChild<QLabel*>();
+    QCOMPARE(times->text(), QString("23:13:10.000 to 23:13:20.000 (10.000 s)"));
+    constexpr double cDayMs = 24.0 * 3600 * 1000;
+    probe.chart->setXRange(probe.cNow - cDayMs, probe.cNow);
+    probe.dialog()->refresh();
+    QVERIFY2(times->text().startsWith("2023-11-13 23:13:20.000 to 2023-11-14 23:13:20.000 ("),
+             qPrintable(times->text()));
 }
 
 void tst_StatisticsDialog::onlyWhatIsInView()
