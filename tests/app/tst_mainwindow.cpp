@@ -52,6 +52,7 @@ private Q_SLOTS:
     void exitClosesTheWindow();
     void closingTakesTheOtherWindowsAlong();
     void documentsAreThePdfFilesBesideTheProgram();
+    void documentsComeInTheFoldersOwnOrder();
     void withoutDocumentsTheMenuIsEmpty();
     void aboutBox();
     void statusBarFollowsTheConnection();
@@ -320,6 +321,25 @@ void tst_MainWindow::documentsAreThePdfFilesBesideTheProgram()
         mOpened,
         (QStringList{folder.absoluteFilePath("%1.pdf"), folder.absoluteFilePath("Cabling.PDF"),
                      folder.absoluteFilePath("Camera manual.rev2.pdf")}));
+}
+
+void tst_MainWindow::documentsComeInTheFoldersOwnOrder()
+{
+    const QDir folder(QCoreApplication::applicationDirPath());
+    for (const char* name : {"m", "z", "a", "k", "b", "y", "c", "x"}) {
+        QFile file(folder.filePath(QString("%1.pdf").arg(name)));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+    QStringList files = folder.entryList({"*.pdf"}, QDir::Files, QDir::Unsorted);
+    make();
+    for (QString& file : files) {
+        QFile::remove(folder.filePath(file));
+        file.chop(4);
+    }
+    QStringList texts;
+    for (const QAction* item : action(1, "Documents")->menu()->actions())
+        texts.append(item->text());
+    QCOMPARE(texts, files);
 }
 
 void tst_MainWindow::withoutDocumentsTheMenuIsEmpty()

@@ -177,6 +177,26 @@ private Q_SLOTS:
         QVERIFY(raw.readAll().contains("grid=true"));
     }
 
+    void numbersAreWrittenAsNumbers()
+    {
+        QSettings settings(file("numbers.ini"), QSettings::IniFormat);
+        QSpinBox box;
+        box.setSuffix(" s");
+        box.setValue(42);
+        QDoubleSpinBox fine;
+        fine.setSuffix(" mm");
+        fine.setDecimals(4);
+        fine.setValue(1.25);
+        tcSettings::save(settings, box, "span");
+        tcSettings::save(settings, fine, "width");
+        settings.sync();
+        QFile raw(file("numbers.ini"));
+        QVERIFY(raw.open(QIODevice::ReadOnly | QIODevice::Text));
+        const QByteArray written = raw.readAll();
+        QVERIFY2(written.contains("span=42\n"), written.constData());
+        QVERIFY2(written.contains("width=1.25\n"), written.constData());
+    }
+
 private:
     template <typename T, typename Prepare, typename Change, typename State>
     void checkRoundTrip(QSettings& arSettings, const char* acKey, Prepare aPrepare,

@@ -24,6 +24,7 @@ void tst_LogLimit::rule_data()
     QTest::newRow("empty") << "" << 5 << "";
     QTest::newRow("at the limit") << hundred << 100 << hundred;
     QTest::newRow("one over: nobody has that code") << hundred << 99 << hundred;
+    QTest::newRow("the first code") << QString("a%1b").arg(QChar(1)) << 2 << "ab";
     // The excess is 65, the code of "A".
     QTest::newRow("excess 65 takes every A")
         << QString("AxA" + QString(62, 'x')) << 0 << QString(63, 'x');

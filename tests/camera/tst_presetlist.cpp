@@ -21,6 +21,7 @@ private Q_SLOTS:
     void lineFeedsFromEscapes();
     void sizes_data();
     void sizes();
+    void textsAreInTheLocalEncoding();
     void textsEndAtANul();
     void megabytesOfScript();
     void problems_data();
@@ -170,6 +171,17 @@ void tst_PresetList::sizes()
     tcPresetList list;
     list.rebuild(teCmvType::Cmv300, file);
     QCOMPARE(list.count(), 5 + file.rows.size());
+}
+
+void tst_PresetList::textsAreInTheLocalEncoding()
+{
+    const QString path
+        = write("[Cmv300]\nsize=1\n1\\name=\"10 k\\x3a9\"\n1\\cmds=\"<\\x3a9>\"\n");
+    const tcPresetList::tcFile file = tcPresetList::read(path, teCmvType::Cmv300);
+    const QString ohm(QChar(0x3a9));
+    QCOMPARE(file.rows.size(), 1);
+    QCOMPARE(file.rows.first().label, (QStringLiteral("10 k") + ohm).toLocal8Bit());
+    QCOMPARE(file.rows.first().script, ('<' + ohm + '>').toLocal8Bit());
 }
 
 void tst_PresetList::textsEndAtANul()

@@ -84,6 +84,8 @@ void tst_Reply::sensorReading_data()
     QTest::newRow("no digits behind the point") << "<SENS 1><ACK><7.>" << true << 1 << 7.0;
     QTest::newRow("the point alone") << "<SENS 1><ACK><.>" << true << 1 << 0.0;
     QTest::newRow("more behind") << "<SENS 9><ACK><1.5><2.5>" << true << 9 << 1.5;
+    QTest::newRow("text before") << "noise <SENS 4><ACK><1.5>" << true << 4 << 1.5;
+    QTest::newRow("text behind") << "<SENS 4><ACK><1.5> noise" << true << 4 << 1.5;
     QTest::newRow("two digits, as designed") << "<SENS 12><ACK><1.20>" << false << 0 << 0.0;
     QTest::newRow("no decimal point") << "<SENS 3><ACK><21>" << false << 0 << 0.0;
     QTest::newRow("negative") << "<SENS 3><ACK><-1.5>" << false << 0 << 0.0;
@@ -123,6 +125,8 @@ void tst_Reply::coolerState_data()
     QTest::newRow("empty set point") << "<GTEC><ACK><ON><>" << true << true << 0.0;
     QTest::newRow("a further field spoils the figure")
         << "<GTEC><ACK><ON><24.0><1>" << true << true << 0.0;
+    QTest::newRow("text before") << "noise <GTEC><ACK><ON><24.0>" << true << true << 24.0;
+    QTest::newRow("text behind") << "<GTEC><ACK><OFF><24.0> noise" << true << false << 24.0;
     QTest::newRow("lower case, as designed")
         << "<GTEC><ACK><off><22.5>" << false << false << 0.0;
     QTest::newRow("no set point") << "<GTEC><ACK><ON>" << false << false << 0.0;

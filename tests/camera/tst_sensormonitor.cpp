@@ -165,7 +165,7 @@ void tst_SensorMonitor::listHoldsTheCameraSensors()
         QCOMPARE(item->data(cKindRole).toInt(), row >= 4 && row <= 6 ? 2 : 1);
         QCOMPARE(item->data(cNameRole).toString() + ' ', item->text());
         QCOMPARE(item->data(cTypeRole).toString(), QString());
-        QCOMPARE(item->data(cDisplayRole).toString(), QString());
+        QCOMPARE(item->data(cDisplayRole), QVariant(QString()));
     }
 }
 
@@ -178,6 +178,7 @@ void tst_SensorMonitor::chartAtStart()
     QCOMPARE(chart.chartName(), QString("Sensors"));
     QVERIFY(chart.windowTitle().contains("Sensors"));
     QCOMPARE(chart.height(), 400);
+    QCOMPARE(chart.width(), tcStripChart().width());
     const auto* plot = chart.findChild<QwtPlot*>("qwtPlot");
     QCOMPARE(plot->axisInterval(QwtPlot::yLeft), QwtInterval(10, 50));
     QCOMPARE(plot->axisInterval(QwtPlot::yRight), QwtInterval(0, 100));

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void emptyCommandIsIgnored();
     void startAndStop_data();
     void startAndStop();
+    void sentCommandLeavesTheCursorOfTheLog();
     void closedPortLogsAnEmptyEntry();
     void sentCommandsRunOnInTheLog();
     void writeTimeout();
@@ -126,6 +127,19 @@ void tst_VexaK40Commands::startAndStop()
     QCOMPARE(rig.line.writes(), QList<QByteArray>{sent});
     QCOMPARE(rig.log(), QString::fromLatin1(sent.chopped(1)));
     QCOMPARE(rig.history(), QStringList());
+}
+
+/// Whoever reads further up is not taken to the end by what he sends.
+void tst_VexaK40Commands::sentCommandLeavesTheCursorOfTheLog()
+{
+    tcPanelRig rig;
+    rig.open();
+    rig.panel.addText(QStringLiteral("first\n"));
+    rig.logView()->moveCursor(QTextCursor::Start);
+    rig.type(QStringLiteral("VERS"));
+    rig.button("SendCommandPB")->click();
+    QCOMPARE(rig.log(), QStringLiteral("first\n<VERS>"));
+    QCOMPARE(rig.logView()->textCursor().position(), 0);
 }
 
 void tst_VexaK40Commands::closedPortLogsAnEmptyEntry()

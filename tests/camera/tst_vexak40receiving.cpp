@@ -33,6 +33,7 @@ private Q_SLOTS:
 
     void routing_data();
     void routing();
+    void repliesLeaveTheCursorOfTheLog();
     void emptyLineChangesNothing();
     void everyLineIsTraced();
     void awaitedReplyIsNotLogged();
@@ -43,6 +44,7 @@ private Q_SLOTS:
 
     void hexViewShowsTheNewestBytes();
     void hexViewShowsWhatIsNoReply();
+    void hexViewIsUpToDateWhenItsTabIsChosen();
     void hexViewKeepsItsPlace();
     void hexViewInSightFollowsAtReadingPace();
     void clearEmptiesEverything();
@@ -245,6 +247,20 @@ void tst_VexaK40Receiving::routing()
     QCOMPARE(rig.lastReply(), reply.split('\n', Qt::SkipEmptyParts).join('\n'));
 }
 
+/// Whoever reads further up stays there.
+void tst_VexaK40Receiving::repliesLeaveTheCursorOfTheLog()
+{
+    const QStringList replies{"<A><ACK>", "<A><NACK>", "<GTEC><ACK><ON><24.0>"};
+    tcPanelRig rig;
+    rig.panel.addText(QStringLiteral("first\n"));
+    rig.logView()->moveCursor(QTextCursor::Start);
+    for (const QString& reply : replies) {
+        rig.panel.handleReply(reply);
+        QVERIFY(rig.log().contains(reply));
+        QCOMPARE(rig.logView()->textCursor().position(), 0);
+    }
+}
+
 void tst_VexaK40Receiving::emptyLineChangesNothing()
 {
     tcPanelRig rig;
@@ -270,11 +286,12 @@ void tst_VexaK40Receiving::awaitedReplyIsNotLogged()
     rig.button("keepAlivePB")->setChecked(true);
     QTRY_COMPARE(rig.line.writes().size(), 1);
     rig.button("keepAlivePB")->setChecked(false);
-    const QString others("<A><ACK>\n<TEMP 1><ACK><20.0>\n");
+    const QString others("<A><ACK>\n<TEMP 1><ACK><20.0>\n<A><ACK><TEMP 0>\n");
     rig.panel.handleReply("<A><ACK>");
     rig.panel.handleReply("<TEMP 1><ACK><20.0>");
+    rig.panel.handleReply("<A><ACK><TEMP 0>"); // awaited at the start, not anywhere
     QCOMPARE(rig.log(), others);
-    rig.panel.handleReply("<TEMP 0><ACK><21.0><22.0>");
+    rig.panel.handleReply("\n<TEMP 0><ACK><21.0><22.0>\n"); // without its empty lines
     QCOMPARE(rig.log(), others);
     QCOMPARE(rig.lastReply(), QStringLiteral("<TEMP 0><ACK><21.0><22.0>"));
     rig.panel.handleReply("<TEMP 0><ACK><3>"); // nobody waits for a second one
@@ -382,6 +399,17 @@ void tst_VexaK40Receiving::hexViewInSightFollowsAtReadingPace()
     const qint64 most = clock.elapsed() / 50 + 1;
     QVERIFY2(changes <= most, qPrintable(QString("%1 > %2").arg(changes).arg(most)));
     QTRY_COMPARE(rig.hex(), tcHexDump::text(stream));
+}
+
+/// Out of sight it may lag, but nobody ever sees that.
+void tst_VexaK40Receiving::hexViewIsUpToDateWhenItsTabIsChosen()
+{
+    tcPanelRig rig;
+    rig.open();
+    rig.line.receive("latest");
+    rig.panel.CheckRxData();
+    rig.find<QTabWidget>("tabWidget")->setCurrentIndex(1);
+    QCOMPARE(rig.hex(), tcHexDump::text(QByteArray("latest")));
 }
 
 void tst_VexaK40Receiving::hexViewKeepsItsPlace()

@@ -50,6 +50,7 @@ private Q_SLOTS:
     void whoScrolledBackIsLeftThere();
     void messagesGoWhereTheCursorIs();
     void failingCountReadsNothing();
+    void nothingWaitingReadsNothing();
     void failingReadEndsTheDrain();
     void twoEmptyReadsEndTheDrain();
     void floodLeavesAfterItsSlice();
@@ -424,8 +425,17 @@ void tst_BasicPanels::failingCountReadsNothing()
 {
     open();
     mFake.receive("x");
+    mFake.availableCount = 1;
     mFake.failing["clGetNumBytesAvail"] = -10006;
     tick();
+    QVERIFY(mFake.callsOf("clSerialRead").isEmpty());
+}
+
+void tst_BasicPanels::nothingWaitingReadsNothing()
+{
+    open();
+    tick();
+    QCOMPARE(mFake.callsOf("clGetNumBytesAvail").size(), 1);
     QVERIFY(mFake.callsOf("clSerialRead").isEmpty());
 }
 

@@ -38,6 +38,7 @@ private Q_SLOTS:
     void presetsStayWhereTheyAreWhateverTheCamera();
 
     void portsAreListedWithMakerAndId();
+    void onePortIsEnoughToOpen();
     void noPortsDisableOpen();
     void failingCountDisablesOpen();
     void listIsReadAgainWhenItDropsDown();
@@ -222,6 +223,14 @@ void tst_CamlinkControl::portsAreListedWithMakerAndId()
     QCOMPARE(ports()->count(), 2);
     QCOMPARE(ports()->itemText(0), QString("0 : Maker A : Port 0"));
     QCOMPARE(ports()->itemText(1), QString("1 : Maker B : Port 1"));
+    QVERIFY(button()->isEnabled());
+}
+
+void tst_CamlinkControl::onePortIsEnoughToOpen()
+{
+    mFake.ports.removeLast();
+    mChooser->refresh();
+    QCOMPARE(ports()->count(), 1);
     QVERIFY(button()->isEnabled());
 }
 

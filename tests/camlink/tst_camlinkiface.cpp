@@ -30,12 +30,12 @@ class tst_CamlinkIface : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void presetTypeIsRegisteredByTheFirstPanel(); // before any other test needs the type
     void newPanelHasNeitherPortNorText();
     void asksToCloseAndNothingElse();
     void settingsAreLeftAlone();
     void nameAndPortAreThePanelsOwn();
     void presetsTravelInVariants();
-    void presetTypeIsRegisteredByTheFirstPanel();
 };
 
 void tst_CamlinkIface::presetTypeIsRegisteredByTheFirstPanel()

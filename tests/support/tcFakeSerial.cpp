@@ -125,8 +125,10 @@ qint32 tcFakeSerial::setBaudRate(void* apRef, quint32 anCode)
 qint32 tcFakeSerial::available(void* apRef, quint32* apCount)
 {
     const qint32 status = enter({"clGetNumBytesAvail", number(apRef), 0, 0, {}}, true);
-    if (status != CL_ERR_NO_ERR)
+    if (status != CL_ERR_NO_ERR) {
+        *apCount = availableCount.value_or(*apCount);
         return status;
+    }
     if (mReady.isEmpty() && !mPortions.isEmpty())
         mReady = mPortions.takeFirst();
     *apCount = availableCount.value_or(static_cast<quint32>(mReady.size()));

@@ -45,7 +45,8 @@ public:
     teTimeout timeout = teTimeout::Partial;
     qint32 partialStatus = -10004; ///< of a partial read: time-out, or 0 with some libraries
     bool openWithoutRef = false;   ///< an opening succeeds and hands over nothing
-    std::optional<quint32> availableCount;  ///< said instead of what waits
+    std::optional<quint32>
+        availableCount; ///< said instead of what waits, by a failing call too
     std::optional<quint32> claimedReadSize; ///< size handed back by a read, whatever was copied
     std::optional<quint32> shortWrite;      ///< size handed back by a write
     QByteArray errorText = "the driver's own words";

@@ -1,6 +1,7 @@
 #include "widgets/LedIndicator.h"
 
 #include <QImage>
+#include <QPainter>
 #include <QTest>
 
 #include <functional>
@@ -53,6 +54,8 @@ private Q_SLOTS:
     void sizeFollowsTheDiameter();
     void circleStartsAtTheCentre();
     void circleIsAsLargeAsItsDiameter();
+    void everyPixelAtFirst_data();
+    void everyPixelAtFirst();
     void outlineIsThePaintersOwn();
     void everyChangeRepaints_data();
     void everyChangeRepaints();
@@ -151,6 +154,30 @@ void tst_LedIndicator::circleIsAsLargeAsItsDiameter()
     QCOMPARE(image.pixelColor(13, 13), QColor(Qt::red));
     QVERIFY(image.pixelColor(17, 9) != QColor(Qt::red));
     QVERIFY(image.pixelColor(17, 17) != QColor(Qt::red)); // a larger one would reach there
+}
+
+void tst_LedIndicator::everyPixelAtFirst_data()
+{
+    QTest::addColumn<bool>("on");
+    QTest::addColumn<QColor>("color");
+    QTest::newRow("off") << false << QColor(Qt::red);
+    QTest::newRow("on") << true << QColor(Qt::green);
+}
+
+void tst_LedIndicator::everyPixelAtFirst()
+{
+    QFETCH(bool, on);
+    QFETCH(QColor, color);
+    LedIndicator led;
+    led.setState(on);
+    QImage expected(28, 28, QImage::Format_RGB32);
+    expected.fill(Qt::white);
+    {
+        QPainter painter(&expected);
+        painter.setBrush(QBrush(color, Qt::SolidPattern));
+        painter.drawEllipse(14, 14, 20, 20);
+    }
+    QCOMPARE(picture(led), expected);
 }
 
 void tst_LedIndicator::outlineIsThePaintersOwn()
