@@ -33,10 +33,11 @@ extern "C"
         return call.works() ? 1 : 0;
     }
 
-    TC08SIM_API int16_t USBTC08_CC usb_tc08_get_last_error(int16_t)
+    TC08SIM_API int16_t USBTC08_CC usb_tc08_get_last_error(int16_t anHandle)
     {
         const tcTC08Sim::tcCall call("get_last_error");
-        return sim().lastError();
+        // Handle 0 asks about the last opening; there is no error of a unit that nobody has.
+        return anHandle < 0 ? int16_t(0) : sim().lastError();
     }
 
     TC08SIM_API int16_t USBTC08_CC usb_tc08_set_mains(int16_t, int16_t anSixtyHertz)

@@ -40,6 +40,7 @@ private Q_SLOTS:
         const auto ms = static_cast<double>(time.toMSecsSinceEpoch());
         QCOMPARE(tcPointText::clock(ms), QString("15:30:04.007"));
         QCOMPARE(tcPointText::clock(ms + 0.9), QString("15:30:04.007"));
+        QCOMPARE(tcPointText::clock(ms + 113), QString("15:30:04.120"));
         QCOMPARE(tcPointText::timed(ms, -0.0625), QString("15:30:04.007,-0.063"));
     }
 };

@@ -52,12 +52,14 @@ private Q_SLOTS:
     void fitYCountsVisibleCurvesOfItsAxisOnly();
     void fitYWithoutCurvesChangesNothing();
     void fitYOfEqualValuesIsLogged();
+    void fitsAreNotLoggedUnlessAskedFor();
     void fitX();
     void fitXIgnoresTheRightAxis();
     void fitXOfEqualTimesIsLogged();
     void fitXEndsAtTheDataWhenTheSpanChanges();
     void zoomResultSetsTheLeftAxis();
     void zoomResultFromZeroIsIgnored();
+    void zoomResultFromNearZeroIsTaken();
     void copiedLimits();
     void assignedCurveMakesTheAxisVisible();
     void rightRangeMakesTheAxisVisible();
@@ -272,6 +274,22 @@ void tst_ChartAxes::fitYOfEqualValuesIsLogged()
     probe.action("actionAutoScale_Y")->trigger();
 }
 
+void tst_ChartAxes::fitsAreNotLoggedUnlessAskedFor()
+{
+    tcChartProbe probe;
+    const auto a = probe.curve("A");
+    probe.chart->addCurve(a.get());
+    a->addSample(1000000, 20.0);
+    static int lines;
+    lines = 0;
+    const auto before = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString&) { ++lines; });
+    probe.action("actionAutoScale_Y")->trigger();
+    probe.action("actionAutoScale_X")->trigger();
+    qInstallMessageHandler(before);
+    QCOMPARE(lines, 0);
+}
+
 void tst_ChartAxes::fitX()
 {
     tcChartProbe probe;
@@ -342,6 +360,13 @@ void tst_ChartAxes::zoomResultFromZeroIsIgnored()
     const QwtInterval before = probe.shown(QwtPlot::yLeft);
     probe.chart->zoomed(QRectF(0.0, 20.0, 9.0, 20.0));
     QCOMPARE(probe.shown(QwtPlot::yLeft), before);
+}
+
+void tst_ChartAxes::zoomResultFromNearZeroIsTaken()
+{
+    tcChartProbe probe;
+    probe.chart->zoomed(QRectF(QPointF(0.5, 20.0), QPointF(9.0, 30.0)));
+    QCOMPARE(probe.shown(QwtPlot::yLeft), QwtInterval(20.0, 30.0));
 }
 
 void tst_ChartAxes::copiedLimits()

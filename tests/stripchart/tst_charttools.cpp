@@ -73,6 +73,32 @@ QMenu* openMenu()
     return qobject_cast<QMenu*>(QApplication::activePopupWidget());
 }
 
+/// Counts how often the plot hands out its scales: once for each replot.
+class tcScaleWatch
+{
+public:
+    explicit tcScaleWatch(QwtPlot& arPlot)
+    {
+        mItem.attach(&arPlot);
+        mItem.count = 0;
+    }
+    int updates() const { return mItem.count; }
+
+private:
+    class tcItem : public QwtPlotItem
+    {
+    public:
+        tcItem() { setItemInterest(QwtPlotItem::ScaleInterest, true); }
+        void draw(QPainter*, const QwtScaleMap&, const QwtScaleMap&,
+                  const QRectF&) const override
+        {
+        }
+        void updateScaleDiv(const QwtScaleDiv&, const QwtScaleDiv&) override { ++count; }
+        int count = 0;
+    };
+    tcItem mItem;
+};
+
 class tcTextPicker : public TimeScalePicker
 {
 public:
@@ -89,6 +115,7 @@ private Q_SLOTS:
     void pickerLooks();
     void trackerText();
     void altClickAsksForAMarker();
+    void altClickGoesNoFurther();
     void plainClickAsksForNone();
     void rightPressOverAMarkerOpensItsMenuOnly();
     void rightPressElsewhereOpensThePlotMenu();
@@ -98,6 +125,7 @@ private Q_SLOTS:
     void zoomerPatterns();
     void draggedRectangleZooms();
     void zoomOutGoesBackToWhatWasShown();
+    void zoomOutLeavesAllZoomsAtOnce();
     void zoomOutWithoutZoomChangesNothing();
     void shiftRightZoomsOutAndOpensNoMenu();
     void controlDragIsNoZoom();
@@ -111,6 +139,7 @@ private Q_SLOTS:
     void wheelWorksOnTheRightAxisWhenEnabled();
     void panByNothing();
     void panByPixels();
+    void panReplotsOnce();
     void panKeepsWhetherThePlotReplotsItself();
     void wheelStopsBeforeNumbersEnd();
     void rightDragDoesNotZoom();
@@ -154,6 +183,28 @@ void tst_ChartTools::altClickAsksForAMarker()
     QTest::mouseClick(probe.canvas(), Qt::LeftButton, Qt::AltModifier | Qt::ShiftModifier,
                       {160, 80});
     QCOMPARE(requests.size(), 2);
+}
+
+void tst_ChartTools::altClickGoesNoFurther()
+{
+    class tcWatch : public QObject
+    {
+    public:
+        bool eventFilter(QObject*, QEvent* apEvent) override
+        {
+            presses += apEvent->type() == QEvent::MouseButtonPress ? 1 : 0;
+            return false;
+        }
+        int presses = 0;
+    };
+    tcToolChart probe;
+    tcWatch behindTheCanvas;
+    probe.plot->installEventFilter(&behindTheCanvas);
+    QTest::mousePress(probe.canvas(), Qt::MiddleButton, {}, {120, 80});
+    QCOMPARE(behindTheCanvas.presses, 1);
+    QTest::mouseRelease(probe.canvas(), Qt::MiddleButton, {}, {120, 80});
+    QTest::mousePress(probe.canvas(), Qt::LeftButton, Qt::AltModifier, {120, 80});
+    QCOMPARE(behindTheCanvas.presses, 1);
 }
 
 void tst_ChartTools::plainClickAsksForNone()
@@ -260,6 +311,16 @@ void tst_ChartTools::zoomOutGoesBackToWhatWasShown()
     QCOMPARE(probe.zoomer()->zoomRectIndex(), 0u);
     QCOMPARE(probe.shown(QwtPlot::yLeft), QwtInterval(10.0, 50.0));
     QCOMPARE(probe.shown(QwtPlot::xBottom), times);
+}
+
+void tst_ChartTools::zoomOutLeavesAllZoomsAtOnce()
+{
+    tcToolChart probe;
+    probe.drag({100, 60}, {300, 160});
+    probe.drag({120, 60}, {250, 140});
+    QCOMPARE(probe.zoomer()->zoomRectIndex(), 2u);
+    probe.action("actionZoom_Out")->trigger();
+    QCOMPARE(probe.zoomer()->zoomRectIndex(), 0u);
 }
 
 void tst_ChartTools::zoomOutWithoutZoomChangesNothing()
@@ -401,8 +462,10 @@ void tst_ChartTools::wheelWorksOnTheRightAxisWhenEnabled()
 void tst_ChartTools::panByNothing()
 {
     tcToolChart probe;
+    const tcScaleWatch watch(*probe.plot);
     probe.canvas()->findChild<tcStripMagnifier*>()->pan(0, 0);
     QCOMPARE(probe.shown(QwtPlot::yLeft), QwtInterval(0.0, 100.0));
+    QCOMPARE(watch.updates(), 0);
 }
 
 void tst_ChartTools::panByPixels()
@@ -421,6 +484,15 @@ void tst_ChartTools::panByPixels()
     magnifier->pan(3, 10);
     QVERIFY(std::abs(probe.shown(QwtPlot::yLeft).minValue() - 10.0 * perPixel) < 1e-6);
     QVERIFY(std::abs(probe.shown(QwtPlot::yLeft).width() - 100.0) < 1e-6);
+}
+
+void tst_ChartTools::panReplotsOnce()
+{
+    tcToolChart probe;
+    probe.plot->setAutoReplot(true);
+    const tcScaleWatch watch(*probe.plot);
+    probe.canvas()->findChild<tcStripMagnifier*>()->pan(0, 10);
+    QCOMPARE(watch.updates(), 1);
 }
 
 void tst_ChartTools::panKeepsWhetherThePlotReplotsItself()

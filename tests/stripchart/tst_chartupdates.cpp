@@ -1,6 +1,7 @@
 #include "stripchart/tcMinMaxLines.h"
 #include "tests/stripchart/tcChartProbe.h"
 
+#include <QAbstractEventDispatcher>
 #include <QtTest>
 #include <qwt_plot_grid.h>
 #include <qwt_scale_draw.h>
@@ -35,6 +36,7 @@ private Q_SLOTS:
     void resetDetachesFiledCurves();
     void resumeFeedGoesBackToLive();
     void lowChartHidesTheTimes();
+    void heightIsLoggedWhenLowAndAskedFor();
     void lowChartHasThreeLabels_data();
     void lowChartHasThreeLabels();
     void removedCurveLeavesPlotAndTable();
@@ -44,6 +46,7 @@ private Q_SLOTS:
     void strangeSamplesAreBorne_data();
     void strangeSamplesAreBorne();
     void timerTicks();
+    void timerIsCoarse();
     void showLegendTogglesBothBoxes();
 };
 
@@ -309,6 +312,29 @@ void tst_ChartUpdates::resumeFeedGoesBackToLive()
              probe.action("actionLoad_from_File"));
 }
 
+void tst_ChartUpdates::heightIsLoggedWhenLowAndAskedFor()
+{
+    tcChartProbe probe;
+    probe.show(QSize(600, 400));
+    static QStringList lines;
+    lines.clear();
+    const auto before = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString& acLine) { lines << acLine; });
+    const auto logged = [&probe](int anVerbosity, int anHeight) {
+        lines.clear();
+        probe.chart->setVerbosity(anVerbosity);
+        probe.chart->resize(600, anHeight);
+        return lines.filter("Height below minimum").size();
+    };
+    const int lowUnasked = logged(0, 200);
+    const int highAsked = logged(1, 350);
+    const int lowAsked = logged(1, 210);
+    qInstallMessageHandler(before);
+    QCOMPARE(lowUnasked, 0);
+    QCOMPARE(highAsked, 0);
+    QCOMPARE(lowAsked, 1);
+}
+
 void tst_ChartUpdates::lowChartHidesTheTimes()
 {
     tcChartProbe probe;
@@ -466,6 +492,16 @@ void tst_ChartUpdates::timerTicks()
     tcChartProbe probe;
     QTRY_COMPARE(probe.shown(QwtPlot::xBottom).maxValue(),
                  static_cast<double>(probe.now + 1000));
+}
+
+void tst_ChartUpdates::timerIsCoarse()
+{
+    tcChartProbe probe;
+    const auto timers
+        = QAbstractEventDispatcher::instance()->registeredTimers(probe.chart.get());
+    QCOMPARE(timers.size(), 1);
+    QCOMPARE(timers.first().interval, 1000);
+    QCOMPARE(timers.first().timerType, Qt::CoarseTimer);
 }
 
 void tst_ChartUpdates::showLegendTogglesBothBoxes()

@@ -20,6 +20,7 @@ class tst_MinMaxLines : public QObject
 private Q_SLOTS:
     void minMaxLinesAtStart();
     void refreshFollowsTheCurve();
+    void refreshKeepsWhatWasReached();
     void pausedTickLeavesTheLines();
     void followingAnotherCurveRefreshes();
     void refreshFromZeroTakesTheSmallest();
@@ -68,6 +69,22 @@ void tst_MinMaxLines::refreshFollowsTheCurve()
     probe.chart->tick();
     QCOMPARE(lines.maxLine().label().text(), QString("Max: 55.000"));
     QCOMPARE(lines.minLine().yAxis(), probe.a->yAxis());
+}
+
+/// The lines remember what the curve holds no longer.
+void tst_MinMaxLines::refreshKeepsWhatWasReached()
+{
+    tcMarkedChart probe;
+    probe.a->addSample(probe.now - 3000, 12.5);
+    auto menu = probe.chart->legendMenu(
+        probe.label(probe.a.get())->mapTo(probe.legend, QPoint(5, 5)));
+    menu->actions().at(3)->trigger();
+    const tcMinMaxLines& lines = probe.chart->minMaxLines();
+    probe.a->clear();
+    probe.a->addSample(probe.now - 1000, 20.0);
+    probe.chart->tick();
+    QCOMPARE(lines.minLine().label().text(), QString("Min: 12.500"));
+    QCOMPARE(lines.maxLine().label().text(), QString("Max: 40.000"));
 }
 
 void tst_MinMaxLines::pausedTickLeavesTheLines()
