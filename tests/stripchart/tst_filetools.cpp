@@ -100,6 +100,23 @@ private Q_SLOTS:
     void init() { mProbe = std::make_unique<tcFilesProbe>(); }
     void cleanup() { mProbe.reset(); }
 
+    void saveLoadAndPictureHaveTheirActions()
+    {
+        mProbe->action("actionSave")->trigger();
+        mProbe->action("actionLoad_from_File")->trigger();
+        const auto menu = chart().plotMenu({10, 10});
+        for (QAction* action : menu->actions())
+            if (action->text() == "Save PNG")
+                action->trigger();
+        QStringList titles;
+        for (const auto& asked : mProbe->dialogs.asked)
+            titles << asked.title;
+        QCOMPARE(titles,
+                 (QStringList{"Select File to save data to...",
+                              "Select CSV File to load data from...",
+                              "Select File to save chart to..."}));
+    }
+
 #ifdef Q_OS_UNIX
     void waitCursorWhileSaving()
     {
