@@ -4,6 +4,7 @@
 #include "stripchart/tcStripMagnifier.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPen>
 #include <qwt_plot.h>
@@ -63,6 +64,8 @@ void tcPlotTools::prepareMouse(tcMarkerTable& arMarkers)
     mZoomer = new QwtPlotZoomer(mPlot.canvas());
     mZoomer->setRubberBandPen(QPen(cZoomBandColor, 0.0, Qt::DashLine));
     mZoomer->setTrackerMode(QwtPicker::AlwaysOff);
+    // Left to the zoomer, Escape would give the axes other steps where nothing is zoomed.
+    mZoomer->setKeyPattern(QwtEventPattern::KeyHome, 0);
     mZoomer->setMousePattern(QwtEventPattern::MouseSelect2, Qt::RightButton, Qt::ShiftModifier);
     connect(mZoomer, &QwtPlotZoomer::zoomed, this, &tcPlotTools::zoomed);
     connect(mZoomer, &QwtPicker::activated, this, &tcPlotTools::keepZoomBase);
@@ -76,12 +79,10 @@ void tcPlotTools::prepareMouse(tcMarkerTable& arMarkers)
 }
 
 /// Whoever comes by keyboard sees where the arrow keys go; for the mouse there is the pointer.
-bool tcPlotTools::eventFilter(QObject* apObject, QEvent* apEvent)
+void tcPlotTools::takeFocus(const QFocusEvent& acEvent)
 {
-    const bool comes = apEvent->type() == QEvent::FocusIn;
-    if (!comes && apEvent->type() != QEvent::FocusOut)
-        return QObject::eventFilter(apObject, apEvent);
-    const Qt::FocusReason reason = static_cast<QFocusEvent*>(apEvent)->reason();
+    const bool comes = acEvent.gotFocus();
+    const Qt::FocusReason reason = acEvent.reason();
     // A menu or another window takes the keys for a while, and gives them back.
     if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason)
         mByKeyboard = comes;
@@ -91,6 +92,17 @@ bool tcPlotTools::eventFilter(QObject* apObject, QEvent* apEvent)
     if (shown != mByKeyboard) {
         mFocusFrame->attach(mByKeyboard ? &mPlot : nullptr);
         mPlot.replot();
+    }
+}
+
+bool tcPlotTools::eventFilter(QObject* apObject, QEvent* apEvent)
+{
+    if (apEvent->type() == QEvent::FocusIn || apEvent->type() == QEvent::FocusOut) {
+        takeFocus(*static_cast<QFocusEvent*>(apEvent));
+    } else if (apEvent->type() == QEvent::KeyPress && mZoomer) {
+        const auto& key = *static_cast<QKeyEvent*>(apEvent);
+        if (key.key() == Qt::Key_Escape && key.modifiers() == Qt::NoModifier && isZoomed())
+            zoomOut();
     }
     return QObject::eventFilter(apObject, apEvent);
 }

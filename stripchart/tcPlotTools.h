@@ -4,6 +4,7 @@
 
 #include <memory>
 
+class QFocusEvent;
 class QPoint;
 class QRectF;
 class QwtPlot;
@@ -41,6 +42,8 @@ Q_SIGNALS:
     void markerRequest(const QPoint& pos); ///< pixels of the canvas
 
 private:
+    void takeFocus(const QFocusEvent& acEvent);
+
     QwtPlot& mPlot;
     std::unique_ptr<QwtPlotGrid> mGrid;
     std::unique_ptr<QwtPlotItem> mFocusFrame; ///< on the plot while the keyboard works on it

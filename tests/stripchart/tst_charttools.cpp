@@ -134,6 +134,7 @@ private Q_SLOTS:
     void plusAndMinusZoom_data();
     void plusAndMinusZoom();
     void frameShowsWhereTheKeysGo();
+    void escapeGoesBackFromAZoomAlone();
     void wheelWithoutFactorDoesNotPan();
     void wheelLeavesTheTimeAxis();
     void wheelWorksOnTheRightAxisWhenEnabled();
@@ -429,6 +430,19 @@ void tst_ChartTools::frameShowsWhereTheKeysGo()
     QCOMPARE(colors(), with);
     tell(QEvent::FocusIn, Qt::MouseFocusReason);
     QCOMPARE(colors(), without);
+}
+
+void tst_ChartTools::escapeGoesBackFromAZoomAlone()
+{
+    tcToolChart probe;
+    const QList<double> before = probe.ticks(QwtPlot::yLeft);
+    QTest::keyClick(probe.canvas(), Qt::Key_Escape);
+    QCOMPARE(probe.ticks(QwtPlot::yLeft), before);
+    const double width = probe.shown(QwtPlot::yLeft).width();
+    probe.drag({60, 20}, {160, 90});
+    QVERIFY(probe.shown(QwtPlot::yLeft).width() < width);
+    QTest::keyClick(probe.canvas(), Qt::Key_Escape);
+    QCOMPARE(probe.shown(QwtPlot::yLeft).width(), width);
 }
 
 void tst_ChartTools::wheelWithoutFactorDoesNotPan()
