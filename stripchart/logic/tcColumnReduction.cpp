@@ -3,6 +3,8 @@
 #include "stripchart/logic/tcColumnReader.h"
 #include "stripchart/logic/tcSampleStore.h"
 
+#include <utility>
+
 namespace
 {
 
@@ -39,6 +41,8 @@ void tcColumnReduction::add(const tcSampleStore& acStore, int anFirst, int anEnd
 {
     mMerge = (anEnd - anFirst) / cPlainPerPixel > mWidth;
     mJoined = false;
+    mColumns.reserve(mColumns.size()
+                     + static_cast<std::size_t>(std::min(anEnd - anFirst, mWidth + 4)));
     while (anFirst < anEnd) {
         const int end = std::min(acStore.nextStepBack(anFirst), anEnd);
         addAscending(acStore, anFirst, end);
@@ -94,7 +98,10 @@ void tcColumnReduction::addDense(tcColumnReader& arTimes, tcColumnReader& arValu
     while (anFirst < anEnd) {
         const int x = mX.at(arTimes.at(anFirst));
         const int end = columnEnd(arTimes, x, anFirst, anEnd, guess);
-        guess = end - anFirst;
+        // One more here and there, as where columns are no whole number of samples wide, is
+        // found sooner from the usual number than from the last one.
+        if (std::abs(end - anFirst - guess) > 1)
+            guess = end - anFirst;
         // On the way from memory while this column is summed up.
         arTimes.expect(end + guess);
         arValues.expectExtent(end + guess);
@@ -105,12 +112,20 @@ void tcColumnReduction::addDense(tcColumnReader& arTimes, tcColumnReader& arValu
 
 void tcColumnReduction::addColumn(tcColumnReader& arValues, int anX, int anFirst, int anEnd)
 {
-    const double last = arValues.at(anEnd - 1);
-    const double first = arValues.at(anFirst);
+    const double firstValue = arValues.at(anFirst);
+    const double lastValue = arValues.at(anEnd - 1);
     const tcExtent extent = arValues.extent(anFirst, anEnd);
-    const int low = mY.at(extent.lowest);
-    const int high = mY.at(extent.highest);
-    put({anX, mY.at(first), std::min(low, high), std::max(low, high), mY.at(last), mJoined});
+    const int first = mY.at(firstValue);
+    const int last = mY.at(lastValue);
+    // Where the line only rises or only falls its ends are the extremes.
+    const auto place = [&](double anExtreme) {
+        return anExtreme == firstValue ? first
+            : anExtreme == lastValue   ? last
+                                       : mY.at(anExtreme);
+    };
+    const int low = place(extent.lowest);
+    const int high = place(extent.highest);
+    put(anX, first, std::min(low, high), std::max(low, high), last);
 }
 
 /// End of the samples in the first one's pixel column anX. Columns of a steady feed hold about
@@ -123,11 +138,11 @@ int tcColumnReduction::columnEnd(tcColumnReader& arTimes, int anX, int anFirst, 
     int high = std::min(anFirst + anGuess, anEnd); // outside, once the loops below are done
     int step = 1;
     if (high < anEnd && inside(high)) {
-        while (high < anEnd && inside(high)) {
+        do {
             low = high;
             high = std::min(high + step, anEnd);
             step *= 2;
-        }
+        } while (high < anEnd && inside(high));
     } else {
         while (high - step > low && !inside(high - step)) {
             high -= step;
@@ -149,18 +164,26 @@ void tcColumnReduction::addSample(double anTime, double anValue)
         return;
     }
     const int y = mY.at(anValue);
-    put({mX.at(anTime), y, y, y, y, mJoined});
+    put(mX.at(anTime), y, y, y, y);
 }
 
-void tcColumnReduction::put(const tcPixelColumn& acColumn)
+/// Written where it stays: a record that is put together elsewhere and then copied waits for
+/// its own parts to be stored, column after column.
+void tcColumnReduction::put(int anX, int anFirst, int anTop, int anBottom, int anLast)
 {
-    mJoined = true;
-    if (mMerge && acColumn.joined && mColumns.back().x == acColumn.x) {
+    const bool joined = std::exchange(mJoined, true);
+    if (mMerge && joined && mColumns.back().x == anX) {
         tcPixelColumn& same = mColumns.back();
-        same.top = std::min(same.top, acColumn.top);
-        same.bottom = std::max(same.bottom, acColumn.bottom);
-        same.last = acColumn.last;
+        same.top = std::min(same.top, anTop);
+        same.bottom = std::max(same.bottom, anBottom);
+        same.last = anLast;
         return;
     }
-    mColumns.push_back(acColumn);
+    tcPixelColumn& column = mColumns.emplace_back();
+    column.x = anX;
+    column.first = anFirst;
+    column.top = anTop;
+    column.bottom = anBottom;
+    column.last = anLast;
+    column.joined = joined;
 }

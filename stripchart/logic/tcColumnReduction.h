@@ -71,7 +71,7 @@ private:
     void addDense(tcColumnReader& arTimes, tcColumnReader& arValues, int anFirst, int anEnd);
     void addColumn(tcColumnReader& arValues, int anX, int anFirst, int anEnd);
     void addSample(double anTime, double anValue);
-    void put(const tcPixelColumn& acColumn);
+    void put(int anX, int anFirst, int anTop, int anBottom, int anLast);
     int columnEnd(tcColumnReader& arTimes, int anX, int anFirst, int anEnd, int anGuess) const;
 
     tcPixelMap mX;
