@@ -72,9 +72,12 @@ void tst_VexaK40Receiving::refusedRateLeavesTheReceiverStopped()
 {
     tcPanelRig rig;
     rig.line.failing["clSetBaudRate"] = -10008;
+    rig.panel.addText(QStringLiteral("first\n"));
+    rig.logView()->moveCursor(QTextCursor::Start);
     rig.ref = tcSerialLink::open(0).ref;
     rig.panel.openPort(rig.ref);
-    QCOMPARE(rig.log(), QStringLiteral("Error %d setting baudrate on COM port!\n"));
+    QCOMPARE(rig.log(), QStringLiteral("first\nError %d setting baudrate on COM port!\n"));
+    QCOMPARE(rig.logView()->textCursor().position(), 0); // not taken to the end
     QTest::qWait(60); // three ticks, had the timer been started
     QCOMPARE(rig.line.callsOf("clGetNumBytesAvail").size(), 0);
 }

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void copyPutsThePlotOnTheClipboard();
     void addMarkerHereUsesCanvasPixels();
     void resetEntry();
+    void smallestAxisChooser();
     void axisChooser();
     void axisChooserFollowsATitle();
     void axisChooserOutlivesItsCurves();
@@ -290,6 +291,13 @@ void tst_ChartMenus::resetEntry()
     entry(*probe.chart->plotMenu({10, 10}), "Reset")->trigger();
     QVERIFY(probe.chart->curves().isEmpty());
     QVERIFY(!probe.a->plot());
+}
+
+void tst_ChartMenus::smallestAxisChooser()
+{
+    const tcChartProbe probe;
+    const tcAxisChooser dialog(*probe.plot, {}, nullptr);
+    QCOMPARE(dialog.size(), QSize(145, 109));
 }
 
 void tst_ChartMenus::axisChooser()
