@@ -37,7 +37,7 @@ void tcMenuKeys::install(QMainWindow& arWindow)
     QObject::connect(bar, &QShortcut::activated, &arWindow,
                      [&arWindow] { openMenuBar(*arWindow.menuBar()); });
 #ifndef Q_OS_WIN // where the system itself turns it into a request for the menu
-    auto* context = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), &arWindow);
+    auto* context = new QShortcut(QKeySequence(Qt::SHIFT + Qt::Key_F10), &arWindow);
     context->setContext(Qt::ApplicationShortcut);
     QObject::connect(context, &QShortcut::activated, &arWindow, &openContextMenu);
 #endif
