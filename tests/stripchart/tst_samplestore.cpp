@@ -406,7 +406,7 @@ private Q_SLOTS:
         std::mt19937 random(static_cast<unsigned>(seed));
         tcSampleStore store;
         tcSampleStore oneByOne;
-        for (int round = 0; round < 60; ++round) {
+        for (int round = 0; round < 15; ++round) {
             const auto count = std::size_t(random() % unsigned(largest));
             const unsigned rare = random() % 2 == 0 ? 40 : 5000;
             std::vector<double> times;
