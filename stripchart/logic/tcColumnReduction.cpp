@@ -95,9 +95,10 @@ void tcColumnReduction::addDense(tcColumnReader& arTimes, tcColumnReader& arValu
                                  int anEnd)
 {
     int guess = cPlainPerPixel;
+    int nextX = mX.at(arTimes.at(anFirst));
     while (anFirst < anEnd) {
-        const int x = mX.at(arTimes.at(anFirst));
-        const int end = columnEnd(arTimes, x, anFirst, anEnd, guess);
+        const int x = nextX;
+        const int end = columnEnd(arTimes, x, anFirst, anEnd, guess, nextX);
         // One more here and there, as where columns are no whole number of samples wide, is
         // found sooner from the usual number than from the last one.
         if (std::abs(end - anFirst - guess) > 1)
@@ -129,11 +130,18 @@ void tcColumnReduction::addColumn(tcColumnReader& arValues, int anX, int anFirst
 }
 
 /// End of the samples in the first one's pixel column anX. Columns of a steady feed hold about
-/// the same number, so the search starts where the last one ended.
+/// the same number, so the search starts where the last one ended. Where the next column lies
+/// comes back in arNextX, unchanged behind the last one.
 int tcColumnReduction::columnEnd(tcColumnReader& arTimes, int anX, int anFirst, int anEnd,
-                                 int anGuess) const
+                                 int anGuess, int& arNextX) const
 {
-    const auto inside = [&](int anIndex) { return mX.at(arTimes.at(anIndex)) == anX; };
+    // The last sample found outside is the one that the next column begins with.
+    const auto inside = [&](int anIndex) {
+        const int x = mX.at(arTimes.at(anIndex));
+        if (x != anX)
+            arNextX = x;
+        return x == anX;
+    };
     int low = anFirst;                             // inside
     int high = std::min(anFirst + anGuess, anEnd); // outside, once the loops below are done
     int step = 1;

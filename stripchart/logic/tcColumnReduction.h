@@ -72,7 +72,8 @@ private:
     void addColumn(tcColumnReader& arValues, int anX, int anFirst, int anEnd);
     void addSample(double anTime, double anValue);
     void put(int anX, int anFirst, int anTop, int anBottom, int anLast);
-    int columnEnd(tcColumnReader& arTimes, int anX, int anFirst, int anEnd, int anGuess) const;
+    int columnEnd(tcColumnReader& arTimes, int anX, int anFirst, int anEnd, int anGuess,
+                  int& arNextX) const;
 
     tcPixelMap mX;
     tcPixelMap mY;

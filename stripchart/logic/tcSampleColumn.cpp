@@ -156,8 +156,11 @@ void tcSampleColumn::clear()
     turn();
 }
 
+// Those two are asked for every pixel column of a frame, where the calls alone are felt:
+// inline.
+
 /// Of numbers that are all finite, in two strands that the processor follows side by side.
-tcExtent tcSampleColumn::ofFinite(const double* apNumbers, int anCount)
+inline tcExtent tcSampleColumn::ofFinite(const double* apNumbers, int anCount)
 {
     tcExtent even = tcExtent::none();
     tcExtent odd = tcExtent::none();
@@ -172,7 +175,7 @@ tcExtent tcSampleColumn::ofFinite(const double* apNumbers, int anCount)
     return even;
 }
 
-tcExtent tcSampleColumn::ofRuns(const tcBlock& acBlock, int anFirst, int anEnd)
+inline tcExtent tcSampleColumn::ofRuns(const tcBlock& acBlock, int anFirst, int anEnd)
 {
     const auto sum = [](const tcExtent* apExtents, int anFrom, int anTo) {
         tcExtent result = tcExtent::none();
