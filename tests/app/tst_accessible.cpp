@@ -30,6 +30,7 @@ class tst_Accessible : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void init();
     void cleanup();
 
@@ -107,6 +108,13 @@ QStringList unreachable(QWidget& arWindow)
 }
 
 } // namespace
+
+/// Windows keeps settings below the program's name, which a main window gives it: without one
+/// the first test would write them elsewhere than its window reads.
+void tst_Accessible::initTestCase()
+{
+    const tcMainWindow named;
+}
 
 void tst_Accessible::init()
 {
