@@ -70,11 +70,6 @@ function(tarvik_test name)
     endif()
     tarvik_test_environment(${name} ${folders})
     set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}")
-    if(WIN32)
-        # Whatever the environment says, all programs of a user share the folder of settings there:
-        # side by side one test would find what another has just stored.
-        set_tests_properties(${name} PROPERTIES RESOURCE_LOCK settings)
-    endif()
     tarvik_test_timeout(${name} ${arg_TIMEOUT})
 endfunction()
 
