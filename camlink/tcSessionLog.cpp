@@ -1,5 +1,7 @@
 #include "camlink/tcSessionLog.h"
 
+#include "widgets/tcFileSync.h"
+
 #include <QDir>
 
 namespace
@@ -23,7 +25,16 @@ tcSessionLog::~tcSessionLog()
 
 bool tcSessionLog::open()
 {
-    return mFile.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
+    mRefused = tcFileSync::mayHang(mFile.fileName());
+    return !mRefused
+        && mFile.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
+}
+
+void tcSessionLog::sayUnable()
+{
+    Q_EMIT message(tr("Unable to log to %1: %2")
+                       .arg(QDir::toNativeSeparators(mFile.fileName()),
+                            mRefused ? tr("not a regular file") : mFile.errorString()));
 }
 
 bool tcSessionLog::start(const QString& acFile)
@@ -31,8 +42,7 @@ bool tcSessionLog::start(const QString& acFile)
     stop();
     mFile.setFileName(acFile);
     if (!open()) {
-        Q_EMIT message(tr("Unable to log to %1: %2")
-                           .arg(QDir::toNativeSeparators(acFile), mFile.errorString()));
+        sayUnable();
         return false;
     }
     mMissing = 0;
@@ -113,8 +123,6 @@ void tcSessionLog::write(const QByteArray& acLine)
         return;
     }
     if (mMissing == 0)
-        Q_EMIT message(
-            tr("Unable to log to %1: %2")
-                .arg(QDir::toNativeSeparators(mFile.fileName()), mFile.errorString()));
+        sayUnable();
     mMissing += acLine.size();
 }

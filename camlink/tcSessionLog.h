@@ -38,11 +38,13 @@ private:
     void sent(const QByteArray& acBytes, qint32 anStatus) override;
     void received(const QByteArray& acBytes) override;
     bool open();
+    void sayUnable();
     void goOnIfGone();
     void writeRest();
     void write(const QByteArray& acLine);
 
-    QFile mFile; ///< closed while running where it was deleted and can't be made anew
+    QFile mFile;           ///< closed while running where it was deleted and can't be made anew
+    bool mRefused = false; ///< a pipe or a device, which could hold the window for ever
     bool mRunning = false;
     tcSessionLines mLines;
     QTimer mSilence;     ///< an unfinished line is written when the camera falls silent

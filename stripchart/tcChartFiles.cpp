@@ -11,6 +11,7 @@
 #include "stripchart/tcStripMarker.h"
 #include "ui_StripChart.h"
 #include "widgets/tcDialogs.h"
+#include "widgets/tcFileSync.h"
 #include "widgets/tcWholeFile.h"
 
 #include <QBuffer>
@@ -196,7 +197,7 @@ void tcChartFiles::load(const QString& acFile, const QString& acChartName)
     if (!self || path.isEmpty())
         return;
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+    if (tcFileSync::mayHang(path) || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return warn(acChartName, tr("Error trying to load\n%1").arg(path));
     remember(path);
     mBusy = true;

@@ -5,6 +5,7 @@
 #include "stripchart/tcBusy.h"
 #include "stripchart/tcStripCurve.h"
 #include "widgets/tcDialogs.h"
+#include "widgets/tcFileSync.h"
 
 #include <QAction>
 #include <QFile>
@@ -67,7 +68,7 @@ void tcChartReplay::start(const QString& acFile, int anSpeed)
     const QPointer<tcChartReplay> self(this);
     const QString failure = tr("Error trying to load\n%1").arg(acFile);
     QFile file(acFile);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+    if (tcFileSync::mayHang(acFile) || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return tcDialogs::current().warning(&mChart, mActions.name(), failure);
     std::unique_ptr<tcReplay> replay = read(file, acFile, anSpeed);
     if (!self || !replay)

@@ -2,8 +2,6 @@
 
 #include "widgets/tcFileSync.h"
 
-#include <QFileInfo>
-
 namespace
 {
 
@@ -21,20 +19,22 @@ tcLogFile::tcLogFile(const QString& acPath) : mFile(acPath) { }
 
 bool tcLogFile::open()
 {
-    const QFileInfo there(mFile);
-    QIODevice::OpenMode mode = QIODevice::WriteOnly | QIODevice::Unbuffered;
-    mRegular = !there.exists() || there.isFile();
-    if (mRegular)
-        mode |= QIODevice::Append; // a device has no end to seek
-    if (!mFile.open(mode))
+    mRefused = tcFileSync::mayHang(mFile.fileName());
+    if (mRefused
+        || !mFile.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
         return false;
-    mTorn = mRegular && endsInTheMiddleOfALine(mFile.fileName());
+    mTorn = endsInTheMiddleOfALine(mFile.fileName());
     return true;
+}
+
+QString tcLogFile::errorString() const
+{
+    return mRefused ? QStringLiteral("not a regular file") : mFile.errorString();
 }
 
 bool tcLogFile::isEmpty() const
 {
-    return mWaiting.isEmpty() && (mRegular ? mFile.size() == 0 : !mAny);
+    return mWaiting.isEmpty() && mFile.size() == 0;
 }
 
 bool tcLogFile::write(const QByteArray& acLines, qint64 anNow)
@@ -52,30 +52,26 @@ bool tcLogFile::handOver()
 {
     if (mWaiting.isEmpty())
         return true;
-    const qint64 start = mRegular ? mFile.size() : 0;
-    if (mRegular)
-        mFile.seek(start); // not every system finds the end anew before each write
+    const qint64 start = mFile.size();
+    mFile.seek(start); // not every system finds the end anew before each write
     const qint64 count = mFile.write(mWaiting);
     mUnsynced = mUnsynced || count != 0;
     if (count == mWaiting.size()) {
-        mAny = true;
         mWaiting.clear();
         return true;
     }
-    takeBackTornLine(start, count);
+    takeBackTornLine(start);
     return false;
 }
 
-void tcLogFile::takeBackTornLine(qint64 anStart, qint64 anReturned)
+void tcLogFile::takeBackTornLine(qint64 anStart)
 {
     // A write that failed half way may return less than what got into the file.
-    qint64 there = mRegular ? mFile.size() - anStart : anReturned;
-    there = qBound<qint64>(0, there, mWaiting.size());
-    mAny = mAny || there > 0;
+    const qint64 there = qBound<qint64>(0, mFile.size() - anStart, mWaiting.size());
     const qint64 whole = there == 0 ? 0 : mWaiting.lastIndexOf('\n', int(there) - 1) + 1;
     // Cutting works on a full disk. Where it does not, the rest follows where it stopped, which
     // makes the line whole as well.
-    const bool cut = whole == there || (mRegular && mFile.resize(anStart + whole));
+    const bool cut = whole == there || mFile.resize(anStart + whole);
     mWaiting.remove(0, int(cut ? whole : there));
 }
 

@@ -12,9 +12,11 @@ public:
 
     explicit tcLogFile(const QString& acPath);
 
+    /// Appends to what is there. A pipe or a device won't open: it could hold its writer for
+    /// ever.
     bool open();
     QString fileName() const { return mFile.fileName(); }
-    QString errorString() const { return mFile.errorString(); }
+    QString errorString() const;
 
     /// Nothing is in the file, and nothing waits to get there.
     bool isEmpty() const;
@@ -29,14 +31,13 @@ public:
 
 private:
     bool handOver();
-    void takeBackTornLine(qint64 anStart, qint64 anReturned);
+    void takeBackTornLine(qint64 anStart);
     bool sync(qint64 anNow);
 
     QFile mFile;
     QByteArray mWaiting;
     qint64 mSyncedAt = 0;
-    bool mRegular = false;
-    bool mTorn = false; ///< the file ends in the middle of a line
+    bool mRefused = false; ///< as something that is no file
+    bool mTorn = false;    ///< the file ends in the middle of a line
     bool mUnsynced = false;
-    bool mAny = false; ///< something was written to what has no size
 };

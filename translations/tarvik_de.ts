@@ -1052,6 +1052,10 @@
         <source>%1 was gone and is begun anew</source>
         <translation>%1 war nicht mehr da und ist neu begonnen</translation>
     </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>keine gewöhnliche Datei</translation>
+    </message>
 </context>
 <context>
     <name>tcOmegaMonWorker</name>

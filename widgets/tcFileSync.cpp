@@ -1,6 +1,7 @@
 #include "widgets/tcFileSync.h"
 
 #include <QFileDevice>
+#include <QFileInfo>
 
 #ifdef Q_OS_WIN
 #include <io.h>
@@ -27,4 +28,10 @@ bool tcFileSync::toDisk(QFileDevice& arFile)
     } while (result != 0 && errno == EINTR);
     return result == 0 || errno == EINVAL || errno == EROFS || errno == ENOTSUP;
 #endif
+}
+
+bool tcFileSync::mayHang(const QString& acPath)
+{
+    const QFileInfo there(acPath);
+    return there.exists() && !there.isFile() && !there.isDir();
 }

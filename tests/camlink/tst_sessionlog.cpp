@@ -16,6 +16,12 @@
 
 #include <memory>
 
+#ifdef Q_OS_LINUX
+#include "tests/support/tcSizeLimit.h"
+
+#include <sys/stat.h>
+#endif
+
 /// The session log over the scripted serial library.
 class tst_SessionLog : public QObject
 {
@@ -36,6 +42,7 @@ private Q_SLOTS:
     void lastFileIsOfferedAgain();
     void cancelledDialogLeavesItOff();
     void fileThatCannotBeOpened();
+    void pipeIsRefused();
     void fullDiskIsSaidOnce();
     void deletedFileIsBegunAnew();
     void deletedFileWithItsFolder();
@@ -207,11 +214,28 @@ void tst_SessionLog::fileThatCannotBeOpened()
     QVERIFY(message.at(0).at(0).toString().startsWith("Unable to log to "));
 }
 
+void tst_SessionLog::pipeIsRefused()
+{
+#ifdef Q_OS_LINUX
+    const QString pipe = mFolder->filePath("pipe"); // that nobody reads: opening it would wait
+    QCOMPARE(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
+    mDialogs->fileAnswer = pipe;
+    QSignalSpy message(mControl.get(), &tcSessionControl::message);
+    startLog();
+    QVERIFY(!mControl->action()->isChecked());
+    QCOMPARE(message.count(), 1);
+    QCOMPARE(message.at(0).at(0).toString(),
+             "Unable to log to " + pipe + ": not a regular file");
+#else
+    QSKIP("no path leads to a pipe here");
+#endif
+}
+
 void tst_SessionLog::fullDiskIsSaidOnce()
 {
 #ifdef Q_OS_LINUX
-    mDialogs->fileAnswer = "/dev/full"; // appended to, never replaced
     QSignalSpy message(mControl.get(), &tcSessionControl::message);
+    const tcSizeLimit full(0);
     startLog();
     for (int count = 0; count < 10; ++count)
         tcSerialLink::write(mRef, "x", 100);
@@ -219,7 +243,7 @@ void tst_SessionLog::fullDiskIsSaidOnce()
     QCOMPARE(mFake.writes().size(), 10);
     QVERIFY(mControl->action()->isChecked());
 #else
-    QSKIP("needs a device that is always full");
+    QSKIP("needs a limit on the size of files");
 #endif
 }
 

@@ -7,25 +7,7 @@
 #include <QTimer>
 
 #ifdef Q_OS_LINUX
-#include <csignal>
-#include <sys/resource.h>
-
-/// Stands in for a full disk: a program may be forbidden files beyond a size.
-class tcSizeLimit
-{
-public:
-    explicit tcSizeLimit(rlim_t anBytes)
-    {
-        signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &mBefore);
-        const rlimit tight{anBytes, mBefore.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &tight);
-    }
-    ~tcSizeLimit() { setrlimit(RLIMIT_FSIZE, &mBefore); }
-
-private:
-    rlimit mBefore{};
-};
+#include "tests/support/tcSizeLimit.h"
 #endif
 
 class tst_ChartLog : public QObject

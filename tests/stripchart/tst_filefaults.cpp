@@ -12,8 +12,6 @@
 #include <cerrno>
 #include <csignal>
 #include <sys/mount.h>
-#include <sys/stat.h>
-#include <sys/sysmacros.h>
 #include <unistd.h>
 
 namespace
@@ -72,16 +70,6 @@ private:
     QByteArray mFolder;
     bool mMounted = false;
 };
-
-/// A device of the test's own that takes nothing.
-bool makeFullDevice(const QString& acPath)
-{
-    if (mknod(acPath.toLocal8Bit().constData(), S_IFCHR | 0666, makedev(1, 7)) != 0)
-        return false;
-    // Where nodes are made but not let through, it can't be opened.
-    QFile probe(acPath);
-    return probe.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
-}
 
 } // namespace
 
@@ -278,53 +266,6 @@ private Q_SLOTS:
         QVERIFY(!log.write(QByteArray("1,1.000\n").repeated(10000), 1));
         QVERIFY(!log.close());
         QVERIFY(content(path()).endsWith('\n'));
-    }
-
-    void deviceIsWrittenDirectlyAndStays()
-    {
-        const QString device = mFolder->filePath("data/full");
-        if (!makeFullDevice(device))
-            QSKIP("making device nodes is not permitted here");
-        tcWholeFile file(device);
-        QVERIFY(file.open());
-        QVERIFY(file.device().write("row\n") < 4);
-        QVERIFY(!file.commit());
-        QFileInfo there(device);
-        QVERIFY(there.exists() && !there.isFile());
-        QCOMPARE(QDir(mFolder->filePath("data"))
-                     .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot),
-                 QStringList("full"));
-    }
-
-    void logToAFullDeviceKeepsItsRows()
-    {
-        const QString device = mFolder->filePath("data/full");
-        if (!makeFullDevice(device))
-            QSKIP("making device nodes is not permitted here");
-        tcLogFile log(device);
-        QVERIFY(log.open());
-        QVERIFY(log.isEmpty());
-        QVERIFY(!log.write("row\n", 1));
-        QVERIFY(!log.write("row\n", 2));
-        QCOMPARE(log.waiting(), qint64(8));
-        QVERIFY(!log.isEmpty());
-        QVERIFY(!log.close());
-    }
-
-    void pipeIsWrittenDirectlyAndStays()
-    {
-        const QString pipe = mFolder->filePath("data/pipe");
-        QCOMPARE(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
-        QProcess reader;
-        reader.start("cat", {pipe});
-        QVERIFY(reader.waitForStarted());
-        tcWholeFile file(pipe);
-        QVERIFY(file.open());
-        QCOMPARE(file.device().write("row\n"), qint64(4));
-        QVERIFY(file.commit());
-        QVERIFY(reader.waitForFinished());
-        QCOMPARE(reader.readAllStandardOutput(), QByteArray("row\n"));
-        QVERIFY(!QFileInfo(pipe).isFile());
     }
 
     void killedAHundredTimesLosesNothingThatWasWritten();
