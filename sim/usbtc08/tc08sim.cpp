@@ -27,43 +27,48 @@ extern "C"
         return call.works() ? sim().openUnit() : int16_t(-1);
     }
 
-    TC08SIM_API int16_t USBTC08_CC usb_tc08_close_unit(int16_t)
+    TC08SIM_API int16_t USBTC08_CC usb_tc08_close_unit(int16_t anHandle)
     {
         const tcTC08Sim::tcCall call("close_unit");
-        return call.works() ? 1 : 0;
+        return call.works() && sim().closeUnit(anHandle) ? 1 : 0;
     }
 
     TC08SIM_API int16_t USBTC08_CC usb_tc08_get_last_error(int16_t anHandle)
     {
         const tcTC08Sim::tcCall call("get_last_error");
         // Handle 0 asks about the last opening; there is no error of a unit that nobody has.
-        return anHandle < 0 ? int16_t(0) : sim().lastError();
+        return anHandle == 0 || sim().isOpen(anHandle) ? sim().lastError() : int16_t(0);
     }
 
-    TC08SIM_API int16_t USBTC08_CC usb_tc08_set_mains(int16_t, int16_t anSixtyHertz)
+    TC08SIM_API int16_t USBTC08_CC usb_tc08_set_mains(int16_t anHandle, int16_t anSixtyHertz)
     {
         const tcTC08Sim::tcCall call("set_mains");
-        return call.works() && sim().setMains(anSixtyHertz) ? 1 : 0;
+        return call.works() && sim().isOpen(anHandle) && sim().setMains(anSixtyHertz) ? 1 : 0;
     }
 
-    TC08SIM_API int16_t USBTC08_CC usb_tc08_set_channel(int16_t, int16_t anChannel, char acType)
+    TC08SIM_API int16_t USBTC08_CC usb_tc08_set_channel(int16_t anHandle, int16_t anChannel,
+                                                        char acType)
     {
         const tcTC08Sim::tcCall call("set_channel");
-        return call.works() && sim().setChannel(anChannel, acType) ? 1 : 0;
+        return call.works() && sim().isOpen(anHandle) && sim().setChannel(anChannel, acType)
+            ? 1
+            : 0;
     }
 
-    TC08SIM_API int32_t USBTC08_CC usb_tc08_get_minimum_interval_ms(int16_t)
+    TC08SIM_API int32_t USBTC08_CC usb_tc08_get_minimum_interval_ms(int16_t anHandle)
     {
         const tcTC08Sim::tcCall call("get_minimum_interval_ms");
-        return call.works() ? sim().conversionMs() : 0;
+        return call.works() && sim().isOpen(anHandle) ? sim().conversionMs() : 0;
     }
 
-    TC08SIM_API int16_t USBTC08_CC usb_tc08_get_single(int16_t, float* apTemperatures,
+    TC08SIM_API int16_t USBTC08_CC usb_tc08_get_single(int16_t anHandle, float* apTemperatures,
                                                        int16_t* apOverflowFlags,
                                                        int16_t anUnits)
     {
         const tcTC08Sim::tcCall call("get_single");
-        if (!call.works() || !apTemperatures || anUnits < 0 || anUnits > 3)
+        if (!call.works() || !sim().isOpen(anHandle))
+            return 0;
+        if (!apTemperatures || anUnits < 0 || anUnits > 3)
             return 0;
         sim().convert(apTemperatures, apOverflowFlags, anUnits);
         return 1;

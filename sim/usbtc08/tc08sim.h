@@ -27,7 +27,8 @@ extern "C"
     ///   conversion_ms=N    how long a reading takes; 180 at the start
     ///   value3=T           channel 3 reads T: a number, "nan", "inf", "-inf"; "auto" ends it
     ///   overflow=F         overflow flags of each reading, for example 0x08; 0 for none
-    ///   open=H             handle that opening a unit gives: -1 fails, 0 is no unit
+    ///   open=H             handle that opening a unit gives: -1 fails, 0 is no unit. What is
+    ///                      asked of any other handle than the one given last fails
     ///   error=N            the last error
     ///   fail=FUNCTION      it does nothing and says so: set_mains, get_single, ...
     ///   mend=FUNCTION      it works again

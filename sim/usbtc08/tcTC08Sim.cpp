@@ -189,7 +189,23 @@ tcTC08Sim::tcCall::~tcCall()
 int16_t tcTC08Sim::openUnit()
 {
     const std::lock_guard lock(mMutex);
+    mOpen = mHandle == -1 ? int16_t(0) : mHandle;
     return mHandle;
+}
+
+bool tcTC08Sim::closeUnit(int16_t anHandle)
+{
+    const std::lock_guard lock(mMutex);
+    if (anHandle == 0 || anHandle != mOpen)
+        return false;
+    mOpen = 0;
+    return true;
+}
+
+bool tcTC08Sim::isOpen(int16_t anHandle)
+{
+    const std::lock_guard lock(mMutex);
+    return anHandle != 0 && anHandle == mOpen;
 }
 
 int16_t tcTC08Sim::lastError()

@@ -40,6 +40,8 @@ public:
     };
 
     int16_t openUnit();
+    bool closeUnit(int16_t anHandle);
+    bool isOpen(int16_t anHandle); ///< whether the last opening gave this handle of a unit
     int16_t lastError();
     bool setMains(int16_t anSixtyHertz);
     bool setChannel(int anChannel, char acType);
@@ -68,7 +70,8 @@ private:
     int32_t mConversionMs = 180;
     std::array<std::optional<float>, cChannels> mFixed{};
     int16_t mOverflow = 0;
-    int16_t mHandle = 1;
+    int16_t mHandle = 1; ///< that the next opening gives
+    int16_t mOpen = 0;   ///< of the unit that is open; outlives a reset
     int16_t mError = 0;
     std::set<std::string> mFailing;
     std::set<std::string> mHanging;

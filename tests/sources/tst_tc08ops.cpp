@@ -11,6 +11,21 @@
 
 #include <memory>
 
+namespace
+{
+
+class tcEmitter : public tcDataSource
+{
+public:
+    QStringList availableChannels() override { return {}; }
+    QString displayName() override { return {}; }
+    QString typeName() override { return {}; }
+    void start() override { }
+    void stop() override { }
+};
+
+} // namespace
+
 class tst_TC08Ops : public QObject
 {
     Q_OBJECT
@@ -89,6 +104,7 @@ void tst_TC08Ops::resolvesWhatTheLibraryHas()
 void tst_TC08Ops::setsTheUnitUpOnceAndReadsIt()
 {
     const tcCaughtLog log;
+    tc08sim_command("conversion_ms=1");
     {
         const tcTC08Ops ops(library());
         // Without any source it reads all the same.
@@ -103,7 +119,7 @@ void tst_TC08Ops::setsTheUnitUpOnceAndReadsIt()
     QCOMPARE(tc08sim_calls("get_minimum_interval_ms"), 1);
     QCOMPARE(tc08sim_calls("get_last_error"), 0);
     QCOMPARE(tc08sim_calls("close_unit"), 0);
-    QCOMPARE(log.debugs(), QStringList{"Conversion time:  0"});
+    QCOMPARE(log.debugs(), QStringList{"Conversion time:  1"});
     QCOMPARE(log.warnings(), QStringList());
 }
 
@@ -137,19 +153,24 @@ void tst_TC08Ops::unitThatCannotBeOpened()
 void tst_TC08Ops::anyOtherHandleIsTaken_data()
 {
     QTest::addColumn<int>("handle");
-    QTest::newRow("none found") << 0;
-    QTest::newRow("first") << 1;
-    QTest::newRow("large") << 32767;
-    QTest::newRow("negative, but no failure") << -2;
+    QTest::addColumn<double>("reading");
+    QTest::newRow("none found, whose readings fail") << 0 << 0.0;
+    QTest::newRow("first") << 1 << 50.0;
+    QTest::newRow("large") << 32767 << 50.0;
+    QTest::newRow("negative, but no failure") << -2 << 50.0;
 }
 
 void tst_TC08Ops::anyOtherHandleIsTaken()
 {
     QFETCH(int, handle);
     const tcCaughtLog log;
-    tc08sim_command(qPrintable(QString("open=%1").arg(handle)));
+    tc08sim_command(qPrintable(QString("open=%1 value3=50").arg(handle)));
+    tcEmitter source;
+    const tcReceived received(&source);
     const tcTC08Ops ops(library());
-    QTRY_VERIFY(tc08sim_calls("get_single") >= 1);
+    ops.worker()->link().setSource(3, &source);
+    QTRY_VERIFY(received.values.size() >= 1);
+    QTEST(received.values.first(), "reading");
     QCOMPARE(log.warnings(), QStringList());
 }
 

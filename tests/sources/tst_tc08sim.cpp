@@ -39,7 +39,7 @@ class tst_TC08Sim : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { QCOMPARE(tc08sim_command("reset conversion_ms=0"), 1); }
+    void init();
     void startsWithOneUnitAndNoFault();
     void temperaturesArePlausibleAndDrift();
     void temperaturesDependOnTheSeed();
@@ -56,7 +56,14 @@ private Q_SLOTS:
     void badDirectives_data();
     void badDirectives();
     void infoFitsItsBuffer();
+    void unitIsKnownByItsHandle();
 };
+
+void tst_TC08Sim::init()
+{
+    QCOMPARE(tc08sim_command("reset conversion_ms=0"), 1);
+    QCOMPARE(usb_tc08_open_unit(), int16_t(1));
+}
 
 void tst_TC08Sim::startsWithOneUnitAndNoFault()
 {
@@ -232,6 +239,27 @@ void tst_TC08Sim::infoFitsItsBuffer()
     QCOMPARE(usb_tc08_get_formatted_info(1, text.data(), int16_t(text.size())), int16_t(1));
     QCOMPARE(QByteArray(text.data()), QByteArray("virtual"));
     QCOMPARE(usb_tc08_get_formatted_info(1, text.data(), 0), int16_t(0));
+}
+
+void tst_TC08Sim::unitIsKnownByItsHandle()
+{
+    tc08sim_command("open=7 error=4 value1=50 conversion_ms=1");
+    QCOMPARE(usb_tc08_open_unit(), int16_t(7));
+    for (const int16_t handle : {int16_t(7), int16_t(1), int16_t(0), int16_t(-1)}) {
+        const bool known = handle == 7;
+        const auto result = int16_t(known ? 1 : 0);
+        tcReading values{};
+        QCOMPARE(usb_tc08_set_mains(handle, 1), result);
+        QCOMPARE(usb_tc08_set_channel(handle, 1, 'K'), result);
+        QCOMPARE(usb_tc08_get_minimum_interval_ms(handle), int32_t(result));
+        QCOMPARE(usb_tc08_get_single(handle, values.data(), nullptr, 0), result);
+        QCOMPARE(values[1], known ? 50.0F : 0.0F);
+        QCOMPARE(int(usb_tc08_get_last_error(handle)), known || handle == 0 ? 4 : 0);
+    }
+    QCOMPARE(usb_tc08_close_unit(1), int16_t(0));
+    QCOMPARE(usb_tc08_close_unit(7), int16_t(1));
+    QCOMPARE(usb_tc08_close_unit(7), int16_t(0));
+    QCOMPARE(usb_tc08_set_mains(7, 1), int16_t(0));
 }
 
 QTEST_GUILESS_MAIN(tst_TC08Sim)
