@@ -20,6 +20,7 @@ public:
                      qint64 anPollIntervalMs = 1000);
 
     QString portName() const { return mPortName; }
+    qint64 pollIntervalMs() const { return mPollIntervalMs; }
 
     /// One request and its reply, on an open port. Returns what is wrong with the port, whose
     /// buffers were dropped then, or nothing. Takes no longer than two seconds, and ends soon

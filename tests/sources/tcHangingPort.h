@@ -3,13 +3,14 @@
 #include "tests/sources/tcGate.h"
 
 #include <mutex>
+#include <vector>
 
 #include <dlfcn.h>
 #include <termios.h>
 
 /// Serial ports whose driver hangs while they are set up, as some do whose far end is away, and
-/// how they were set up at last. To be included once per program: it takes the place of the
-/// system's own function.
+/// each setting that was asked of them: a pseudo-terminal keeps but a part of it. To be
+/// included once per program: it takes the place of the system's own function.
 namespace tcHangingPort
 {
 
@@ -26,16 +27,19 @@ inline std::mutex& settingsMutex()
     return *one;
 }
 
-inline termios& lastSettings()
+inline std::vector<termios>& allSettings()
 {
-    static termios settings{};
-    return settings;
+    static auto* one = new std::vector<termios>;
+    return *one;
 }
 
-inline termios settings()
+/// Those asked for since they were taken last, oldest first.
+inline std::vector<termios> takeSettings()
 {
     const std::lock_guard lock(settingsMutex());
-    return lastSettings();
+    std::vector<termios> taken;
+    taken.swap(allSettings());
+    return taken;
 }
 
 } // namespace tcHangingPort
@@ -47,7 +51,7 @@ extern "C" int tcsetattr(int anFile, int anWhen, const termios* apSettings) noex
     tcHangingPort::gate().pass();
     {
         const std::lock_guard lock(tcHangingPort::settingsMutex());
-        tcHangingPort::lastSettings() = *apSettings;
+        tcHangingPort::allSettings().push_back(*apSettings);
     }
     return real(anFile, anWhen, apSettings);
 }
