@@ -44,6 +44,8 @@ private Q_SLOTS:
     void orderAndUnloggedMarkers();
     void hitTest_data();
     void hitTest();
+    void hitTestTakesTheSizeOfTheSymbol_data();
+    void hitTestTakesTheSizeOfTheSymbol();
     void hitTestOfOverlappingMarkersTakesTheFirstKey();
     void deleteMenu();
     void lineMarker();
@@ -248,6 +250,35 @@ void tst_ChartMarkers::hitTest()
     QCOMPARE(table.keyAt(centre + offset), hit ? key : QUuid());
     table.find(key)->setVisible(false); // as with its curve
     QCOMPARE(table.keyAt(centre + offset), hit ? key : QUuid());
+}
+
+void tst_ChartMarkers::hitTestTakesTheSizeOfTheSymbol_data()
+{
+    QTest::addColumn<int>("pixels");
+    QTest::addColumn<int>("reach");
+    QTest::newRow("large") << 21 << 10;
+    QTest::newRow("small") << 5 << 2;
+    QTest::newRow("none, as that of a point") << 0 << 4;
+}
+
+void tst_ChartMarkers::hitTestTakesTheSizeOfTheSymbol()
+{
+    QFETCH(int, pixels);
+    QFETCH(int, reach);
+    tcMarkedChart probe;
+    tcMarkerTable& table = probe.chart->markers();
+    const QPoint centre(200, 100);
+    auto marker = std::make_unique<tcStripPointMarker>(QString());
+    marker->setValue(probe.plot->invTransform(QwtPlot::xBottom, centre.x()),
+                     probe.plot->invTransform(QwtPlot::yLeft, centre.y()));
+    if (pixels > 0)
+        marker->setSymbol(
+            new QwtSymbol(QwtSymbol::Rect, Qt::red, QPen(Qt::red), QSize(pixels, pixels)));
+    const QUuid key = table.add(std::move(marker));
+    for (const QPoint& way : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)}) {
+        QCOMPARE(table.keyAt(centre + way * reach), key);
+        QCOMPARE(table.keyAt(centre + way * (reach + 1)), QUuid());
+    }
 }
 
 void tst_ChartMarkers::hitTestOfOverlappingMarkersTakesTheFirstKey()

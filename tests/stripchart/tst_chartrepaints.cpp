@@ -1,8 +1,10 @@
+#include "stripchart/tcMarkerInfo.h"
 #include "stripchart/tcMarkerTable.h"
 #include "tests/stripchart/tcThreeCurves.h"
 #include "tests/support/tcScriptedDialogs.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QMenu>
 #include <QtTest>
 
@@ -24,6 +26,7 @@ private Q_SLOTS:
     void boxes();
     void legendClick();
     void addedCurve();
+    void textOfAMarkerInItsList();
     void slotsOfTheChart_data();
     void slotsOfTheChart();
 
@@ -120,6 +123,17 @@ void tst_ChartRepaints::addedCurve()
     probe->chart->removeCurve(probe->b.get());
     probe->settle();
     QVERIFY(isPainted(*probe, [&probe] { probe->chart->addCurve(probe->b.get()); }));
+}
+
+void tst_ChartRepaints::textOfAMarkerInItsList()
+{
+    const auto probe = quietChart();
+    probe->action("actionMarkers")->trigger();
+    auto* list = probe->child<tcMarkerInfo>("tcMarkerInfo");
+    QVERIFY(QTest::qWaitForWindowExposed(list));
+    probe->settle();
+    auto* edit = list->findChild<QLineEdit*>();
+    QVERIFY(isPainted(*probe, [edit] { edit->setText("warm"); }));
 }
 
 void tst_ChartRepaints::slotsOfTheChart_data()

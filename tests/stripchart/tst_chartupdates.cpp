@@ -31,8 +31,10 @@ private Q_SLOTS:
     void clockStepsBackAnHourAndForwardADay();
     void spanChange_data();
     void spanChange();
+    void spanChangeKeepsAnAxisEndAheadOfTheClock();
     void sampleCountReachesAllAttachedCurves();
     void clearSamplesEmptiesCurvesAndMinMax();
+    void clearSamplesReachesAllAttachedCurves();
     void resetDetachesFiledCurves();
     void resumeFeedGoesBackToLive();
     void lowChartHidesTheTimes();
@@ -255,6 +257,15 @@ void tst_ChartUpdates::spanChange()
     QVERIFY(!probe.chart->grab().isNull());
 }
 
+void tst_ChartUpdates::spanChangeKeepsAnAxisEndAheadOfTheClock()
+{
+    tcChartProbe probe;
+    const double end = static_cast<double>(probe.now) + 60000.0;
+    probe.chart->setXRange(end - 5000.0, end);
+    probe.child<QSpinBox>("spinBoxSpanSec")->setValue(20);
+    QCOMPARE(probe.shown(QwtPlot::xBottom), QwtInterval(end - 21000.0, end + 1000.0));
+}
+
 void tst_ChartUpdates::sampleCountReachesAllAttachedCurves()
 {
     tcChartProbe probe;
@@ -279,6 +290,20 @@ void tst_ChartUpdates::clearSamplesEmptiesCurvesAndMinMax()
     QCOMPARE(a->dataSize(), std::size_t(0));
     QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), 1.7976931348623157e308);
     QCOMPARE(probe.chart->minMaxLines().maxLine().yValue(), 2.2250738585072014e-308);
+}
+
+void tst_ChartUpdates::clearSamplesReachesAllAttachedCurves()
+{
+    tcChartProbe probe;
+    const auto three = probe.curve("three", 3);
+    const auto zero = probe.curve("zero", 0);
+    const QUuid key = probe.chart->addCurve(three.get());
+    probe.chart->addCurve(zero.get(), key);
+    three->addSample(1000, 5.0);
+    zero->addSample(1000, 6.0);
+    probe.chart->clearSamples();
+    QCOMPARE(three->dataSize(), std::size_t(0)); // no longer filed, but still on the plot
+    QCOMPARE(zero->dataSize(), std::size_t(0));
 }
 
 void tst_ChartUpdates::resetDetachesFiledCurves()

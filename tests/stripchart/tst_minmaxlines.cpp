@@ -29,6 +29,7 @@ private Q_SLOTS:
     void readingOfAnotherCurveWidensToo();
     void readingLeavesHiddenLines();
     void resetWithoutCurveStaysAtTheExtremes();
+    void resetBeginsAtOnceWithWhatTheCurveHolds();
     void resetLinesAreNotDrawn();
     void allNegativeMaximumStaysAboveZero();
     void showMinMaxResetsAndShows();
@@ -186,6 +187,22 @@ void tst_MinMaxLines::resetWithoutCurveStaysAtTheExtremes()
     probe.action("actionReset_Min_Max")->trigger();
     QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), cAboveAll);
     QCOMPARE(probe.chart->minMaxLines().maxLine().yValue(), cBelowAll);
+}
+
+void tst_MinMaxLines::resetBeginsAtOnceWithWhatTheCurveHolds()
+{
+    tcMarkedChart probe;
+    probe.a->addSample(probe.now - 3000, 12.5);
+    auto menu = probe.chart->legendMenu(
+        probe.label(probe.a.get())->mapTo(probe.legend, QPoint(5, 5)));
+    menu->actions().at(3)->trigger();
+    probe.a->clear();
+    probe.a->addSample(probe.now - 2000, 20.0);
+    probe.a->addSample(probe.now - 1000, 30.0);
+    probe.action("actionReset_Min_Max")->trigger();
+    const tcMinMaxLines& lines = probe.chart->minMaxLines();
+    QCOMPARE(lines.minLine().label().text(), QString("Min: 20.000"));
+    QCOMPARE(lines.maxLine().label().text(), QString("Max: 30.000"));
 }
 
 void tst_MinMaxLines::resetLinesAreNotDrawn()
