@@ -1190,7 +1190,19 @@
     </message>
     <message>
         <source>Chart</source>
-        <translation>Diagramm</translation>
+        <translation>Schreiber</translation>
+    </message>
+    <message>
+        <source>Trend Chart:</source>
+        <translation>Trendschreiber:</translation>
+    </message>
+    <message>
+        <source> + %1 more</source>
+        <translation> + %1 weitere</translation>
+    </message>
+    <message>
+        <source>- logging to %1</source>
+        <translation> - Protokoll in %1</translation>
     </message>
 </context>
 <context>
@@ -1293,7 +1305,7 @@
     </message>
     <message>
         <source>From: %1</source>
-        <translation>Aus: %1</translation>
+        <translation> - Aus: %1</translation>
     </message>
     <message>
         <source>Select File to save chart to...</source>
@@ -1316,7 +1328,7 @@
     </message>
     <message>
         <source>- Unable to open %1</source>
-        <translation>- %1 kann nicht geöffnet werden</translation>
+        <translation> - %1 kann nicht geöffnet werden</translation>
     </message>
     <message>
         <source>Log Duration</source>
@@ -1332,7 +1344,7 @@
     </message>
     <message>
         <source>- Unable to write %1</source>
-        <translation>- %1 kann nicht geschrieben werden</translation>
+        <translation> - %1 kann nicht geschrieben werden</translation>
     </message>
 </context>
 <context>
@@ -1469,15 +1481,15 @@
     </message>
     <message>
         <source>Marker has no time or value</source>
-        <translation>Markierung ohne Zeit oder Wert</translation>
+        <translation>Marke ohne Zeit oder Wert</translation>
     </message>
     <message>
         <source>More markers than a chart shows</source>
-        <translation>Mehr Markierungen, als ein Diagramm zeigt</translation>
+        <translation>Mehr Marken, als ein Schreiber zeigt</translation>
     </message>
     <message>
         <source>Skipped: rows %1, fields %2, markers %3. Rows read: %4.</source>
-        <translation>Übersprungen: Zeilen %1, Felder %2, Markierungen %3. Gelesene Zeilen: %4.</translation>
+        <translation>Übersprungen: Zeilen %1, Felder %2, Marken %3. Gelesene Zeilen: %4.</translation>
     </message>
     <message>
         <source>The first %1 are listed.</source>

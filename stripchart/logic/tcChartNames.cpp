@@ -6,11 +6,6 @@
 
 namespace
 {
-QString tr(const char* apText)
-{
-    return QCoreApplication::translate("tcStripChart", apText);
-}
-
 QString fileOf(const QString& acChartName, const char* apKind, const QDateTime& acTime)
 {
     static const QRegularExpression refused(QStringLiteral("[\\\\/:*?\"<>|]"));
@@ -25,14 +20,14 @@ namespace tcChartNames
 {
 QString defaultTitle()
 {
-    return tr(QT_TRANSLATE_NOOP("tcStripChart", "Trend Chart:"));
+    return QCoreApplication::translate("tcStripChart", "Trend Chart:");
 }
 
 QString titleOfCurves(const QString& acFirstCurve, int anSources)
 {
     QString title = defaultTitle() + acFirstCurve;
     if (anSources > 1)
-        title += tr(QT_TRANSLATE_NOOP("tcStripChart", " + %1 more")).arg(anSources - 1);
+        title += QCoreApplication::translate("tcStripChart", " + %1 more").arg(anSources - 1);
     return title;
 }
 
@@ -43,7 +38,8 @@ QString windowTitle(const tcTitleParts& acParts)
         text = QStringLiteral("%1 %2").arg(acParts.title, acParts.name);
     text += acParts.status;
     if (!acParts.logFile.isEmpty())
-        text += tr(QT_TRANSLATE_NOOP("tcStripChart", "- logging to %1")).arg(acParts.logFile);
+        text += QCoreApplication::translate("tcStripChart", "- logging to %1")
+                    .arg(acParts.logFile);
     return text;
 }
 

@@ -102,6 +102,10 @@ void tst_StartUp::germanTexts()
         {"tcBasicPanel", "Unable to set baud rate!", "Baudrate lässt sich nicht setzen!"},
         {"tcBasicPanel", "Custom Preset File", "Eigene Vorgabedatei"},
         {"tcBasicPanel", "preset files (*.txt)", "Vorgabedateien (*.txt)"},
+        // Nor have those of the chart's title, which is put together beside its class.
+        {"tcStripChart", "Trend Chart:", "Trendschreiber:"},
+        {"tcStripChart", " + %1 more", " + %1 weitere"},
+        {"tcStripChart", "- logging to %1", " - Protokoll in %1"},
     };
     for (const tcRow& row : cRows)
         QCOMPARE(QCoreApplication::translate(row.context, row.english), row.english);
