@@ -26,10 +26,15 @@ void tcAxisChooser::addRow(const QwtPlot& acPlot, tcStripCurve& arCurve)
     box->addItems({tr("Left"), tr("Right")});
     box->setCurrentIndex(arCurve.yAxis() == QwtPlot::yRight ? 1 : 0);
     box->setProperty("curve", QVariant::fromValue(&arCurve));
-    auto* label = new QLabel(arCurve.title().text());
+    // No buddy of the box, for which an ampersand in the title would stand for a key.
+    auto* label = new QLabel;
     label->setTextFormat(Qt::PlainText);
-    label->setBuddy(box);
     mRows->addRow(label, box);
+    const auto show = [label, box](const tcStripCurve& acCurve) {
+        label->setText(acCurve.title().text());
+        box->setAccessibleName(label->text());
+    };
+    show(arCurve);
 
     auto* ref = new tcCurveRef(acPlot, &arCurve, box);
     connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
@@ -37,9 +42,9 @@ void tcAxisChooser::addRow(const QwtPlot& acPlot, tcStripCurve& arCurve)
                 if (ref->get())
                     Q_EMIT axisChosen(ref->get(), anAxis);
             });
-    connect(&acPlot, &QwtPlot::legendDataChanged, label, [ref, label] {
+    connect(&acPlot, &QwtPlot::legendDataChanged, label, [ref, show] {
         if (ref->get())
-            label->setText(ref->get()->title().text());
+            show(*ref->get());
     });
     connect(ref, &tcCurveRef::gone, this, [this, box] { mRows->removeRow(box); });
 }

@@ -13,6 +13,7 @@ tcChartMenu::tcChartMenu(Ui::StripChart& arForm, QAction& arLogAction)
 std::unique_ptr<QMenu> tcChartMenu::menuAt(const QPoint& acPos, const tcContext& acContext)
 {
     auto menu = std::make_unique<QMenu>(mForm.qwtPlot);
+    menu->setToolTipsVisible(true);
     const QPoint canvasPos = mForm.qwtPlot->canvas()->mapFrom(mForm.qwtPlot, acPos);
 
     menu->addActions({mForm.actionPause_Updates, mForm.actionGrid, mForm.actionMinor_Grid});

@@ -8,12 +8,14 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QPointer>
 #include <QScreen>
 #include <QTabWidget>
 #include <QTemporaryFile>
+#include <QToolTip>
 #include <QtTest>
 #include <qwt_plot_grid.h>
 
@@ -43,6 +45,8 @@ private Q_SLOTS:
     void smallestAxisChooser();
     void axisChooser();
     void axisChooserFollowsATitle();
+    void axisChooserShowsAnAmpersand();
+    void plotMenuShowsItsTips();
     void axisChooserOutlivesItsCurves();
     void axisChooserScrollsManyCurves();
     void chartDestroyedWhilePlotMenuIsOpen();
@@ -342,6 +346,36 @@ void tst_ChartMenus::axisChooserFollowsATitle()
         titles += qobject_cast<QLabel*>(rows->itemAt(row, QFormLayout::LabelRole)->widget())
                       ->text();
     QCOMPARE(titles, (QStringList{"A", "Oven", "C"}));
+}
+
+void tst_ChartMenus::axisChooserShowsAnAmpersand()
+{
+    tcThreeCurves probe;
+    const QString title("Hot & cold");
+    probe.a->setTitle(title);
+    entry(*probe.chart->plotMenu({10, 10}), "Assign Axis...")->trigger();
+    const auto* rows
+        = probe.child<tcAxisChooser>("tcAxisChooser")->findChild<QFormLayout*>("formLayout");
+    const auto* label
+        = qobject_cast<QLabel*>(rows->itemAt(0, QFormLayout::LabelRole)->widget());
+    const auto* box
+        = qobject_cast<QComboBox*>(rows->itemAt(0, QFormLayout::FieldRole)->widget());
+    QCOMPARE(label->text(), title);
+    // Taken for the mark of a key it would be missing, and the text be narrower.
+    QCOMPARE(label->sizeHint(), QLabel(title).sizeHint());
+    QCOMPARE(box->accessibleName(), title);
+}
+
+void tst_ChartMenus::plotMenuShowsItsTips()
+{
+    const tcThreeCurves probe;
+    const auto menu = probe.chart->plotMenu({10, 10});
+    menu->popup({0, 0});
+    const QRect minorGrid = menu->actionGeometry(entry(*menu, "Minor Grid"));
+    QHelpEvent asked(QEvent::ToolTip, minorGrid.center(),
+                     menu->mapToGlobal(minorGrid.center()));
+    QCoreApplication::sendEvent(menu.get(), &asked);
+    QCOMPARE(QToolTip::text(), QString("Show the grid minor ticks"));
 }
 
 void tst_ChartMenus::axisChooserOutlivesItsCurves()
