@@ -14,6 +14,22 @@
 #include <QStandardPaths>
 #include <QTextBlock>
 
+namespace
+{
+
+constexpr char cFindKey[] = "Ctrl+F";
+constexpr char cFindNextKey[] = "F3";
+constexpr char cFindPreviousKey[] = "Shift+F3";
+
+/// A key's name as the entries before call theirs, in the operator's language.
+QString withKey(const QString& acText, const char* apKey)
+{
+    return acText + '\t'
+        + QKeySequence(QLatin1String(apKey)).toString(QKeySequence::NativeText);
+}
+
+} // namespace
+
 tcReplyView::tcReplyView(QWidget* apParent) : QPlainTextEdit(apParent)
 {
     setUndoRedoEnabled(false); // nobody undoes a reply, and each one would be kept twice
@@ -67,9 +83,9 @@ std::unique_ptr<QMenu> tcReplyView::makeMenu()
     menu->addAction(tr("Copy All"), this, &tcReplyView::copyAll);
     menu->addAction(tr("Save Text As..."), this, &tcReplyView::saveTextAs);
     menu->addSeparator();
-    menu->addAction(tr("Find...") + QLatin1String("\tCtrl+F"), this, &tcReplyView::beginFind);
-    menu->addAction(tr("Find Next") + QLatin1String("\tF3"), this, &tcReplyView::findNext);
-    menu->addAction(tr("Find Previous") + QLatin1String("\tShift+F3"), this,
+    menu->addAction(withKey(tr("Find..."), cFindKey), this, &tcReplyView::beginFind);
+    menu->addAction(withKey(tr("Find Next"), cFindNextKey), this, &tcReplyView::findNext);
+    menu->addAction(withKey(tr("Find Previous"), cFindPreviousKey), this,
                     &tcReplyView::findPrevious);
     if (!mMoreActions.isEmpty())
         menu->addSeparator();
@@ -100,9 +116,9 @@ void tcReplyView::installShortcuts(QWidget* apPanel, const QList<tcReplyView*>& 
             (chosen->*apDo)();
         });
     };
-    add(QKeySequence(QStringLiteral("Ctrl+F")), &tcReplyView::beginFind);
-    add(QKeySequence(QStringLiteral("F3")), &tcReplyView::findNext);
-    add(QKeySequence(QStringLiteral("Shift+F3")), &tcReplyView::findPrevious);
+    add(QKeySequence(QLatin1String(cFindKey)), &tcReplyView::beginFind);
+    add(QKeySequence(QLatin1String(cFindNextKey)), &tcReplyView::findNext);
+    add(QKeySequence(QLatin1String(cFindPreviousKey)), &tcReplyView::findPrevious);
 }
 
 void tcReplyView::beginFind()

@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTranslator>
 #include <QVBoxLayout>
 
 #include <memory>
@@ -27,6 +28,7 @@ private Q_SLOTS:
     void cleanup() { mPanel.reset(); }
 
     void menuKeepsTheEntriesOfATextViewFirst();
+    void menuNamesKeysAsTheOperatorDoes();
     void ownersActionsEndTheMenu();
     void findMovesToTheHit();
     void findGoesRoundAtTheEnd();
@@ -91,6 +93,40 @@ void tst_ReplyView::menuKeepsTheEntriesOfATextViewFirst()
     QCOMPARE(texts.mid(standard->actions().size()),
              (QStringList{"", "Copy All", "Save Text As...", "", "Find...\tCtrl+F",
                           "Find Next\tF3", "Find Previous\tShift+F3"}));
+}
+
+namespace
+{
+
+/// Qt's own German, as far as it names keys.
+class tcGermanKeys : public QTranslator
+{
+public:
+    tcGermanKeys() { QCoreApplication::installTranslator(this); }
+    ~tcGermanKeys() override { QCoreApplication::removeTranslator(this); }
+    bool isEmpty() const override { return false; }
+    QString translate(const char* apContext, const char* apText, const char*,
+                      int) const override
+    {
+        if (qstrcmp(apContext, "QShortcut") != 0)
+            return {};
+        if (qstrcmp(apText, "Ctrl") == 0)
+            return QStringLiteral("Strg");
+        return qstrcmp(apText, "Shift") == 0 ? QStringLiteral("Umschalt") : QString();
+    }
+};
+
+} // namespace
+
+void tst_ReplyView::menuNamesKeysAsTheOperatorDoes()
+{
+    const tcGermanKeys german;
+    QStringList texts;
+    const std::unique_ptr<QMenu> menu = mFirst->makeMenu();
+    for (const QAction* action : menu->actions())
+        texts.append(action->text());
+    QCOMPARE(texts.mid(texts.size() - 3),
+             (QStringList{"Find...\tStrg+F", "Find Next\tF3", "Find Previous\tUmschalt+F3"}));
 }
 
 void tst_ReplyView::ownersActionsEndTheMenu()
