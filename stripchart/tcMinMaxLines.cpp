@@ -2,6 +2,7 @@
 
 #include "stripchart/tcStripCurve.h"
 
+#include <QPainter>
 #include <qwt_plot.h>
 #include <qwt_scale_map.h>
 #include <qwt_text.h>
@@ -44,11 +45,35 @@ void tcExtremeLine::draw(QPainter* apPainter, const QwtScaleMap& acXMap,
         tcStripLineMarker::draw(apPainter, acXMap, acYMap, acCanvas);
 }
 
+void tcExtremeLine::drawLabel(QPainter* apPainter, const QRectF& acCanvas,
+                              const QPointF& acAt) const
+{
+    QPointF at = acAt;
+    if (mLower && mLower->isVisible() && plot()) {
+        const double room = label().textSize(apPainter->font()).height() + spacing();
+        at.setY(clearOfLower(at.y(), room, acCanvas));
+    }
+    tcStripLineMarker::drawLabel(apPainter, acCanvas, at);
+}
+
+/// Where the label is to hang from instead of anY.
+double tcExtremeLine::clearOfLower(double anY, double anRoom, const QRectF& acCanvas) const
+{
+    const double lower = plot()->canvasMap(mLower->yAxis()).transform(mLower->yValue());
+    // The label below hangs from its line, or stands on it where the canvas ends.
+    const double taken = lower + anRoom > acCanvas.bottom() ? lower - anRoom : lower;
+    if (lower < anY || taken - anY >= anRoom)
+        return anY;
+    const double above = std::min(anY, taken) - anRoom - spacing();
+    return above >= acCanvas.top() ? above : taken + anRoom;
+}
+
 tcMinMaxLines::tcMinMaxLines(QwtPlot& arPlot)
     : mMin(QStringLiteral("Min:")), mMax(QStringLiteral("Max:"))
 {
     prepare(mMin, cAboveAll, arPlot);
     prepare(mMax, cBelowAll, arPlot);
+    mMax.keepClearOf(mMin);
 }
 
 void tcMinMaxLines::toExtremes()

@@ -14,6 +14,18 @@ public:
 
     void draw(QPainter* apPainter, const QwtScaleMap& acXMap, const QwtScaleMap& acYMap,
               const QRectF& acCanvas) const override;
+    /// The label stands above this line where it would lie on that of the line below, as it
+    /// does while a curve hardly moves; at the top, below that. acLower outlives this.
+    void keepClearOf(const tcExtremeLine& acLower) { mLower = &acLower; }
+
+protected:
+    void drawLabel(QPainter* apPainter, const QRectF& acCanvas,
+                   const QPointF& acAt) const override;
+
+private:
+    double clearOfLower(double anY, double anRoom, const QRectF& acCanvas) const;
+
+    const tcExtremeLine* mLower = nullptr; ///< not owned
 };
 
 /// The two lines at the lowest and the highest value of the curve that they follow.

@@ -11,6 +11,24 @@ namespace
 {
 constexpr double cAboveAll = 1.7976931348623157e308;
 constexpr double cBelowAll = 2.2250738585072014e-308;
+
+/// Where the label of a line is drawn in the plot.
+QRect labelInk(const tcStripMarker& acLine)
+{
+    const QwtPlot& plot = *acLine.plot();
+    QImage image(plot.canvas()->size(), QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    acLine.draw(&painter, plot.canvasMap(acLine.xAxis()), plot.canvasMap(acLine.yAxis()),
+                image.rect());
+    painter.end();
+    QRect ink;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qGray(image.pixel(x, y)) > 200)
+                ink |= QRect(x, y, 1, 1);
+    return ink;
+}
 } // namespace
 
 class tst_MinMaxLines : public QObject
@@ -35,6 +53,8 @@ private Q_SLOTS:
     void showMinMaxResetsAndShows();
     void hiddenLinesStayHiddenWhenTheirCurveIsShown();
     void followedCurveDestroyed();
+    void labelsNeverLieOnEachOther_data();
+    void labelsNeverLieOnEachOther();
 };
 
 void tst_MinMaxLines::minMaxLinesAtStart()
@@ -266,6 +286,41 @@ void tst_MinMaxLines::followedCurveDestroyed()
     QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), 0.0);
     probe.chart->tick();
     QVERIFY(!probe.chart->grab().isNull());
+}
+
+void tst_MinMaxLines::labelsNeverLieOnEachOther_data()
+{
+    QTest::addColumn<double>("low");
+    QTest::addColumn<double>("high");
+    QTest::newRow("far apart") << 20.0 << 80.0;
+    QTest::newRow("a little apart") << 50.0 << 52.0;
+    QTest::newRow("the same") << 50.0 << 50.0;
+    QTest::newRow("at the top") << 98.0 << 99.0;
+    QTest::newRow("at the bottom") << 1.0 << 2.0;
+    QTest::newRow("just above a label that stands on its line") << 1.0 << 6.0;
+}
+
+void tst_MinMaxLines::labelsNeverLieOnEachOther()
+{
+    QFETCH(double, low);
+    QFETCH(double, high);
+    tcMarkedChart probe;
+    probe.a->clear();
+    probe.a->addSample(probe.now - 3000, low);
+    probe.a->addSample(probe.now - 2000, high);
+    const auto menu = probe.chart->legendMenu(
+        probe.label(probe.a.get())->mapTo(probe.legend, QPoint(5, 5)));
+    menu->actions().at(3)->trigger();
+    const QRect lower = labelInk(probe.chart->minMaxLines().minLine());
+    const QRect upper = labelInk(probe.chart->minMaxLines().maxLine());
+    QVERIFY(lower.height() >= 6);
+    QVERIFY(upper.height() >= 6);
+    QVERIFY2(!lower.intersects(upper),
+             qPrintable(QStringLiteral("%1 to %2 and %3 to %4")
+                            .arg(lower.top())
+                            .arg(lower.bottom())
+                            .arg(upper.top())
+                            .arg(upper.bottom())));
 }
 
 QTEST_MAIN(tst_MinMaxLines)
