@@ -8,14 +8,15 @@
 #include <QApplication>
 #include <QImage>
 #include <QListWidget>
+#include <QMap>
 #include <QTest>
 #include <qwt_plot.h>
 
 #include <cmath>
 
 /// The whole way of a reading: the temperature-controlled virtual camera is cooled, the chart
-/// shows its sensor settling on the set point, and what was measured is saved, loaded back and
-/// pictured.
+/// shows its sensor settling on the set point, and what was measured is logged, saved, loaded
+/// back and pictured.
 class tst_Settling : public QObject
 {
     Q_OBJECT
@@ -26,7 +27,10 @@ private Q_SLOTS:
 
 private:
     static const tcStripMarker* setPoint(const tcStripChart& acChart);
+    /// Readings of one millisecond share a row, in which the later one stands.
+    static QMap<qint64, double> readings(const tcStripCurve& acCurve);
     static void compareSaved(const tcStripCurve& acLive, const tcStripCurve& acLoaded);
+    static void compareLogged(const tcStripCurve& acLive, const tcStripCurve& acLoaded);
 };
 
 void tst_Settling::initTestCase()
@@ -47,17 +51,34 @@ const tcStripMarker* tst_Settling::setPoint(const tcStripChart& acChart)
     return nullptr;
 }
 
+QMap<qint64, double> tst_Settling::readings(const tcStripCurve& acCurve)
+{
+    QMap<qint64, double> found;
+    for (size_t index = 0; index < acCurve.dataSize(); ++index)
+        found.insert(qint64(acCurve.sample(index).x()), acCurve.sample(index).y());
+    return found;
+}
+
 void tst_Settling::compareSaved(const tcStripCurve& acLive, const tcStripCurve& acLoaded)
 {
-    // Readings of one millisecond share a row, in which the later one stands.
-    QMap<qint64, double> live;
-    for (size_t index = 0; index < acLive.dataSize(); ++index)
-        live.insert(qint64(acLive.sample(index).x()), acLive.sample(index).y());
+    const QMap<qint64, double> live = readings(acLive);
     QCOMPARE(int(acLoaded.dataSize()), live.size());
     for (size_t index = 0; index < acLoaded.dataSize(); ++index) {
         const QPointF sample = acLoaded.sample(index);
         QVERIFY(live.contains(qint64(sample.x())));
         QVERIFY(std::abs(live.value(qint64(sample.x())) - sample.y()) <= 0.0005);
+    }
+}
+
+/// Nothing of what the curve holds is missing; the log may hold older readings besides.
+void tst_Settling::compareLogged(const tcStripCurve& acLive, const tcStripCurve& acLoaded)
+{
+    const QMap<qint64, double> logged = readings(acLoaded);
+    const QMap<qint64, double> live = readings(acLive);
+    QVERIFY(!live.isEmpty());
+    for (auto reading = live.begin(); reading != live.end(); ++reading) {
+        QVERIFY2(logged.contains(reading.key()), qPrintable(QString::number(reading.key())));
+        QVERIFY(std::abs(logged.value(reading.key()) - reading.value()) <= 0.0005);
     }
 }
 
@@ -70,6 +91,12 @@ void tst_Settling::sensorSettlesOnTheSetPoint()
     rig.find<QPushButton>("tempsPB")->click();
     tcStripChart* chart = tcChartOperator::shownChart();
     QVERIFY(chart);
+    QTemporaryDir folder;
+    tcScriptedDialogs dialogs;
+    const QString log = folder.filePath("log.csv");
+    dialogs.fileAnswer = log;
+    chart->logAction()->setChecked(true);
+    QVERIFY(chart->logAction()->isChecked());
     const tcStripCurve* sensor = chart->curves().at(0);
     const tcStripCurve* curve = chart->curves().at(1);
     rig.panel.tempTimerCallback();
@@ -97,8 +124,8 @@ void tst_Settling::sensorSettlesOnTheSetPoint()
     QVERIFY(std::abs(sensor->sample(sensor->dataSize() - 1).y() - 10.0) < 1.5);
     rig.find<QPushButton>("tempsPB")->click();
 
-    QTemporaryDir folder;
-    tcScriptedDialogs dialogs;
+    chart->tick(); // writes the last rows of the log
+    chart->logAction()->setChecked(false);
     dialogs.fileAnswer = folder.filePath("settling.csv");
     chart->slotSave();
     tcStripChart loaded;
@@ -108,6 +135,15 @@ void tst_Settling::sensorSettlesOnTheSetPoint()
         const tcStripCurve* live = chart->curves().at(index);
         QCOMPARE(loaded.curves().at(index)->title().text(), live->title().text());
         compareSaved(*live, *loaded.curves().at(index));
+    }
+
+    tcStripChart fromLog;
+    fromLog.loadCsvFile(log);
+    QCOMPARE(fromLog.curves().size(), 2);
+    for (int index = 0; index < 2; ++index) {
+        const tcStripCurve* live = chart->curves().at(index);
+        QCOMPARE(fromLog.curves().at(index)->title().text(), live->title().text());
+        compareLogged(*live, *fromLog.curves().at(index));
     }
 
     const QString picture = folder.filePath("settling.png");
