@@ -91,6 +91,8 @@ void tcStripCurve::setSampleCount(int anCount)
 {
     {
         const std::lock_guard<std::mutex> lock(mSamples->mutex);
+        if (anCount == mSamples->store.capacity())
+            return;
         mSamples->store.setCapacity(anCount);
     }
     samplesChanged();

@@ -310,6 +310,10 @@ private Q_SLOTS:
         QCOMPARE(plot.replots, before + 2);
         curve.clear();
         QCOMPARE(plot.replots, before + 3);
+        curve.setSampleCount(50);
+        QCOMPARE(plot.replots, before + 4);
+        curve.setSampleCount(50); // nothing new
+        QCOMPARE(plot.replots, before + 4);
     }
 
     void automaticReplotHappensInTheGuiThreadOnly()
