@@ -23,6 +23,7 @@ private Q_SLOTS:
     void namesWithoutNulEndAtTheBuffer();
     void brokenBytesInNames();
     void failedPortInfoShowsEmptyTexts();
+    void namesCountWhateverTheStatus();
     void openHandsTheReference();
     void openRefused_data();
     void openRefused();
@@ -87,7 +88,8 @@ void tst_SerialLink::namesAreAskedForWithFiftyBytes()
     const auto calls = mFake.callsOf("clGetPortInfo");
     QCOMPARE(calls.size(), 2);
     QCOMPARE(calls.at(1).number, 1u);
-    QCOMPARE(calls.at(1).timeoutMs, 50u); // the size handed in
+    QCOMPARE(calls.at(1).timeoutMs, 50u); // the sizes handed in
+    QCOMPARE(calls.at(1).secondRoom, 50u);
 }
 
 void tst_SerialLink::failingCountMeansNoPorts()
@@ -124,6 +126,14 @@ void tst_SerialLink::failedPortInfoShowsEmptyTexts()
     mFake.ports = {{"A", "a", 0}, {"B", "b", -10001}};
     const auto ports = tcSerialLink::ports();
     QCOMPARE(ports.at(1).displayText(1), QString("1 :  : "));
+}
+
+void tst_SerialLink::namesCountWhateverTheStatus()
+{
+    // Some drivers complain about the room for a long name, and fill it.
+    mFake.ports = {{QByteArray(60, 'm'), "a", -10001, true}};
+    QCOMPARE(tcSerialLink::ports().at(0).displayText(0),
+             QStringLiteral("0 : %1 : a").arg(QString(50, 'm')));
 }
 
 void tst_SerialLink::openHandsTheReference()

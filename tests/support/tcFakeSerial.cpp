@@ -182,17 +182,17 @@ extern "C"
                                       uint32_t* apManufacturerSize, char* apPortId,
                                       uint32_t* apPortIdSize, uint32_t* apVersion)
     {
-        const int32_t status
-            = fake().enter({"clGetPortInfo", 0, anIndex, *apManufacturerSize, {}}, false);
+        const int32_t status = fake().enter(
+            {"clGetPortInfo", 0, anIndex, *apManufacturerSize, {}, *apPortIdSize}, false);
         if (status != CL_ERR_NO_ERR || anIndex >= static_cast<uint32_t>(fake().ports.size()))
             return status != CL_ERR_NO_ERR ? status : CL_ERR_INVALID_INDEX;
         const tcFakeSerial::tcPort& port = fake().ports.at(static_cast<int>(anIndex));
-        if (port.status != CL_ERR_NO_ERR)
+        if (port.status != CL_ERR_NO_ERR && !port.namesAllTheSame)
             return port.status;
         copyName(port.manufacturer, apManufacturer, apManufacturerSize);
         copyName(port.portId, apPortId, apPortIdSize);
         *apVersion = 3;
-        return CL_ERR_NO_ERR;
+        return port.status;
     }
 
     int32_t CLSERIAL_CC clSerialInit(uint32_t anIndex, hSerRef* apRef)

@@ -21,15 +21,17 @@ public:
         QByteArray
             manufacturer; ///< copied as it is, cut at 50 bytes, without NUL if it fills them
         QByteArray portId;
-        qint32 status = 0; ///< of clGetPortInfo
+        qint32 status = 0;            ///< of clGetPortInfo
+        bool namesAllTheSame = false; ///< a call that fails hands over the names nevertheless
     };
     struct tcCall
     {
         QByteArray function;
         quintptr ref = 0;
-        quint32 number = 0;    ///< port index, baud code, size asked for, or 0
-        quint32 timeoutMs = 0; ///< or the room that a text is asked with
-        QByteArray bytes;      ///< what was written, or the manufacturer of an error text
+        quint32 number = 0;     ///< port index, baud code, size asked for, or 0
+        quint32 timeoutMs = 0;  ///< or the room that a text is asked with
+        QByteArray bytes;       ///< what was written, or the manufacturer of an error text
+        quint32 secondRoom = 0; ///< that a port ID is asked with
     };
     enum class teTimeout
     {
