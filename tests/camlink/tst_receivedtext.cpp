@@ -11,6 +11,7 @@ private Q_SLOTS:
     void oneBlock();
     void cutAnywhere_data();
     void cutAnywhere();
+    void lineBreakCutBySilence();
     void newPortStartsAnew();
 };
 
@@ -69,6 +70,17 @@ void tst_ReceivedText::cutAnywhere()
         }
         QTEST(shownLines(pieces.join(QString())), "lines");
     }
+}
+
+void tst_ReceivedText::lineBreakCutBySilence()
+{
+    // Blocks between the two halves that show nothing: what cameras put between replies, and
+    // nothing before a NUL.
+    tcReceivedText received;
+    QCOMPARE(received.append("one\r"), QString("one\r"));
+    QCOMPARE(received.append("\x01\x01"), QString());
+    QCOMPARE(received.append(QByteArray(1, '\0')), QString());
+    QCOMPARE(received.append("\ntwo"), QString("two"));
 }
 
 void tst_ReceivedText::newPortStartsAnew()
