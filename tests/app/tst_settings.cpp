@@ -152,6 +152,34 @@ private Q_SLOTS:
         QCOMPARE(box.value(), 5);
     }
 
+    void actionStateIsReadAsBool_data()
+    {
+        QTest::addColumn<QVariant>("stored");
+        QTest::addColumn<bool>("checked");
+        QTest::newRow("true") << QVariant(true) << true;
+        QTest::newRow("false") << QVariant(false) << false;
+        QTest::newRow("text true") << QVariant("true") << true;
+        QTest::newRow("text false") << QVariant("false") << false;
+        QTest::newRow("one") << QVariant(1) << true;
+        QTest::newRow("zero") << QVariant(0) << false;
+        QTest::newRow("empty text") << QVariant("") << false;
+    }
+
+    void actionStateIsReadAsBool()
+    {
+        QFETCH(QVariant, stored);
+        QFETCH(bool, checked);
+        QSettings settings(file("state.ini"), QSettings::IniFormat);
+        settings.setValue("key", stored);
+        for (const bool before : {false, true}) {
+            QAction action;
+            action.setCheckable(true);
+            action.setChecked(before);
+            tcSettings::restore(settings, action, "key");
+            QCOMPARE(action.isChecked(), checked);
+        }
+    }
+
     void actionThatIsNotCheckableIsLeftAlone()
     {
         QSettings settings(file("action.ini"), QSettings::IniFormat);
