@@ -1,3 +1,4 @@
+#include "app/logic/Revision.h"
 #include "app/logic/tcVersion.h"
 
 #include <QDateTime>
@@ -28,6 +29,7 @@ void tst_Version::descriptionIsAbbreviatedRevisionAndSubject()
 {
     const QString description = tcVersion::vcsDescription();
     QCOMPARE(description.left(9), tcVersion::revision().left(8) + ' ');
+    QCOMPARE(description.mid(9), QString::fromUtf8(TARVIK_SUBJECT));
     QVERIFY(description.size() > 9);
     QVERIFY(!description.contains('\n'));
 }
