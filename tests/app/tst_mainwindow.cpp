@@ -23,6 +23,7 @@
 #include <QStandardPaths>
 #include <QStatusBar>
 #include <QTest>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -52,6 +53,7 @@ private Q_SLOTS:
     void exitClosesTheWindow();
     void closingTakesTheOtherWindowsAlong();
     void documentsAreThePdfFilesBesideTheProgram();
+    void documentsThatNobodyMayReadAreNone();
     void documentsComeInTheFoldersOwnOrder();
     void withoutDocumentsTheMenuIsEmpty();
     void aboutBox();
@@ -85,6 +87,12 @@ private:
 
     tcFakeSerial& mFake = tcFakeSerial::instance();
     std::unique_ptr<tcMainWindow> mWindow;
+    /// Whether nothing takes away what the status bar shows: it keeps a timer for that.
+    bool staysForGood() const
+    {
+        return mWindow->statusBar()->findChildren<QTimer*>().isEmpty();
+    }
+
     QStringList mOpened; ///< files that the desktop was asked to open
 };
 
@@ -166,6 +174,7 @@ void tst_MainWindow::startSaysWhereTheSettingsAre()
     QCOMPARE(mWindow->statusBar()->objectName(), QString("StatusBar"));
     QCOMPARE(mWindow->statusBar()->currentMessage(),
              "Settings at " + QDir::toNativeSeparators(iniFile()));
+    QVERIFY(staysForGood());
 }
 
 void tst_MainWindow::menusInTheirOrder()
@@ -323,6 +332,19 @@ void tst_MainWindow::documentsAreThePdfFilesBesideTheProgram()
                      folder.absoluteFilePath("Camera manual.rev2.pdf")}));
 }
 
+void tst_MainWindow::documentsThatNobodyMayReadAreNone()
+{
+    QFile file(QCoreApplication::applicationDirPath() + "/secret.pdf");
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.setPermissions(QFile::WriteOwner));
+    file.close();
+    const bool readable = QFileInfo(file).isReadable();
+    make();
+    QVERIFY(file.remove());
+    if (readable)
+        QSKIP("Administrators and some systems read whatever is there.");
+    QVERIFY(action(1, "Documents")->menu()->isEmpty());
+}
+
 void tst_MainWindow::documentsComeInTheFoldersOwnOrder()
 {
     const QDir folder(QCoreApplication::applicationDirPath());
@@ -375,8 +397,13 @@ void tst_MainWindow::statusBarFollowsTheConnection()
     make();
     child<QPushButton>("openPB")->click();
     QCOMPARE(mWindow->statusBar()->currentMessage(), QString("Connected"));
+    QVERIFY(staysForGood());
     child<QPushButton>("openPB")->click();
     QCOMPARE(mWindow->statusBar()->currentMessage(), QString("Not Connected"));
+    QVERIFY(staysForGood());
+    // The sign that tells the two apart.
+    mWindow->statusBar()->showMessage("for a while", 60000);
+    QVERIFY(!staysForGood());
 }
 
 void tst_MainWindow::statusOutlivesALookIntoTheMenus()
