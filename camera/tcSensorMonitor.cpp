@@ -188,6 +188,9 @@ bool tcSensorMonitor::stopSources()
         removeCurve(running.curve);
     for (const tcRunningSource& running : sources) {
         running.source->disconnect(this);
+        running.source->prepareStop();
+    }
+    for (const tcRunningSource& running : sources) {
         running.source->stop();
         if (!alive)
             return false;

@@ -1,6 +1,12 @@
 #include "sources/tcDataSource.h"
 
-tcDataSource::tcDataSource(QObject* apParent) : QObject(apParent) { }
+#include <QCoreApplication>
+
+tcDataSource::tcDataSource(QObject* apParent) : QObject(apParent)
+{
+    if (const QCoreApplication* application = QCoreApplication::instance())
+        connect(application, &QCoreApplication::aboutToQuit, this, &tcDataSource::prepareStop);
+}
 
 tcDataSource::~tcDataSource() = default;
 

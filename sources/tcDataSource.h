@@ -43,6 +43,12 @@ public Q_SLOTS:
     /// event loop runs meanwhile, so callers must bear being re-entered.
     virtual void stop() = 0;
 
+public:
+    /// Tells that stop() will follow, and does not wait. Whoever stops several sources tells
+    /// all of them first, so that stuck instruments are waited for together; at the program's
+    /// end every source is told.
+    virtual void prepareStop() { }
+
 protected:
     tcStripCurve* mCurve = nullptr;
     qint32 mInterval = 1000; ///< default interval in ms, at the disposal of concrete sources

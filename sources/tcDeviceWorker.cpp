@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QDebug>
-#include <QElapsedTimer>
 #include <QThreadPool>
 
 #include <system_error>
@@ -12,7 +11,7 @@
 namespace
 {
 
-constexpr int cStopChecks = 10;
+constexpr qint64 cStopChecks = 10;
 constexpr int cStopCheckMs = 100;
 constexpr int cStopSliceMs = 10; ///< how long the window may stand still meanwhile
 
@@ -50,9 +49,17 @@ void tcDeviceWorker::start()
         mInPool = true;
         mSelf = shared_from_this();
         mLink->restart();
+        mSinceAsked.invalidate();
     }
     changePoolLimit(1);
     QThreadPool::globalInstance()->start(this);
+}
+
+void tcDeviceWorker::requestStop()
+{
+    if (!mSinceAsked.isValid())
+        mSinceAsked.start();
+    mLink->requestStop();
 }
 
 bool tcDeviceWorker::stop()
@@ -63,7 +70,7 @@ bool tcDeviceWorker::stop()
         if (!mInPool && (mLink->isFinished() || !mLink->wasStarted()))
             return true;
     }
-    mLink->requestStop();
+    requestStop();
     if (QThreadPool::globalInstance()->tryTake(this)) {
         changePoolLimit(-1);
         mLink->setFinished();
@@ -84,8 +91,9 @@ bool tcDeviceWorker::stop()
 
 bool tcDeviceWorker::waitFinished()
 {
-    for (int check = 1; !mLink->isFinished(); ++check) {
-        if (check == cStopChecks)
+    for (qint64 check = 1 + mSinceAsked.elapsed() / cStopCheckMs; !mLink->isFinished();
+         ++check) {
+        if (check >= cStopChecks)
             return false;
         QElapsedTimer elapsed;
         elapsed.start();

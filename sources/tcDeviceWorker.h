@@ -2,6 +2,7 @@
 
 #include "sources/tcWorkerLink.h"
 
+#include <QElapsedTimer>
 #include <QRunnable>
 
 #include <functional>
@@ -15,8 +16,8 @@
 /// ended or is let go. A loop that is let go finishes on its own memory, whenever its driver
 /// returns, and reaches nobody.
 ///
-/// start() and stop() belong to the GUI thread. Held by shared pointers: the pool's thread
-/// holds one of its own for as long as it needs the worker.
+/// start(), requestStop() and stop() belong to the GUI thread. Held by shared pointers: the
+/// pool's thread holds one of its own for as long as it needs the worker.
 class tcDeviceWorker : public QRunnable, public std::enable_shared_from_this<tcDeviceWorker>
 {
 public:
@@ -25,9 +26,13 @@ public:
     /// Hands the worker to the pool, whose limit rises by one while the worker is there, so
     /// that more loops than processor cores can run. Nothing happens if it is there already.
     void start();
-    /// Asks the loop to end and waits for it, at most about a second, in which the event loop
-    /// runs. False when the loop is stuck; it is let go then. A worker that no thread has begun
-    /// with is not waited for. The caller holds a pointer of its own during the call.
+    /// Asks the loop to end, and does not wait: whoever stops several asks all of them first,
+    /// so that their seconds are one and the same.
+    void requestStop();
+    /// Asks the loop to end and waits for it, at most until about a second after it was first
+    /// asked, in which the event loop runs. False when the loop is stuck; it is let go then. A
+    /// worker that no thread has begun with is not waited for. The caller holds a pointer of
+    /// its own during the call.
     bool stop();
     tcWorkerLink& link() { return *mLink; }
 
@@ -44,6 +49,8 @@ protected:
 
 private:
     bool waitFinished();
+
+    QElapsedTimer mSinceAsked; ///< to end
 
     // Under a lock common to all workers.
     std::shared_ptr<tcDeviceWorker> mSelf; ///< of the pool, until a thread of it takes over

@@ -48,6 +48,12 @@ QString tcOmegaTempMonitor::typeName()
     return mTypeName;
 }
 
+void tcOmegaTempMonitor::prepareStop()
+{
+    if (mWorker)
+        mWorker->requestStop();
+}
+
 void tcOmegaTempMonitor::start()
 {
     if (mWorker)

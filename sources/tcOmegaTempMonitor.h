@@ -26,6 +26,7 @@ public:
     QStringList availableChannels() override;
     QString displayName() override;
     QString typeName() override;
+    void prepareStop() override;
     void start() override;
     void stop() override;
 

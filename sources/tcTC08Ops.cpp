@@ -48,6 +48,9 @@ tcTC08Ops::tcTC08Ops(const QString& acLibrary) : QLibrary(acLibrary)
     mCalls.resolve([this](const char* name) { return resolve(name); });
     mWorker = std::make_shared<tcPicoTC08MonWorker>(mCalls);
     mWorker->start();
+    if (const QCoreApplication* application = QCoreApplication::instance())
+        connect(application, &QCoreApplication::aboutToQuit, this,
+                [this] { mWorker->requestStop(); });
     if (!mWorker->isUsable())
         unload();
 }

@@ -28,6 +28,7 @@ public:
     QStringList availableChannels() override { return {}; }
     QString displayName() override { return name; }
     QString typeName() override { return QStringLiteral("Scripted"); }
+    void prepareStop() override { ++preparations; }
     void start() override { ++starts; }
     void stop() override
     {
@@ -47,6 +48,7 @@ public:
 
     QString name;
     int starts = 0;
+    int preparations = 0;
     int stops = 0;
     static inline QList<tcScriptedSource*> living;
     static inline std::function<void()> whileStopping;

@@ -65,6 +65,7 @@ private Q_SLOTS:
     void sourceReadingsAndMessages();
     void sourceOfAnUnknownTypeIsLeftOut();
     void stoppingStopsAndDeletesSources();
+    void allSourcesAreToldBeforeTheFirstIsWaitedFor();
     void clickWhileSourcesStopIsIgnored();
     void goneWhileSourcesStop();
     void goneWhileReadingsAreOnTheirWay();
@@ -493,6 +494,22 @@ void tst_SensorMonitor::stoppingStopsAndDeletesSources()
         QCOMPARE(mMonitor->chart().curves().size(), 0);
     }
     QCOMPARE(stopped, 100);
+}
+
+void tst_SensorMonitor::allSourcesAreToldBeforeTheFirstIsWaitedFor()
+{
+    for (const char* name : {"one", "two", "three"})
+        addScripted(name);
+    click(true);
+    QCOMPARE(tcScriptedSource::living.size(), 3);
+    int told = 0;
+    tcScriptedSource::whileStopping = [&told] {
+        if (told == 0)
+            for (const tcScriptedSource* source : qAsConst(tcScriptedSource::living))
+                told += source->preparations;
+    };
+    click(false);
+    QCOMPARE(told, 3);
 }
 
 void tst_SensorMonitor::clickWhileSourcesStopIsIgnored()

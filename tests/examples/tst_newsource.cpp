@@ -53,6 +53,7 @@ public:
     QString displayName() override { return typeName(); }
     QString typeName() override { return mTypeName; }
     void start() override { mWorker->start(); }
+    void prepareStop() override { mWorker->requestStop(); }
     void stop() override
     {
         // Events run while the loop stops, so the worker is held here.

@@ -1,5 +1,6 @@
 /// A program that quits while its instruments' drivers hang, each in the way that its argument
-/// names; a second argument makes it a program with windows. Says "quitting" when it begins to.
+/// names; a second argument makes it a program with windows. "thirty" quits as the panel does,
+/// when its event loop ends. Says "quitting" when it begins to.
 
 #include "sim/omega/tcOmegaSim.h"
 #include "sim/usbtc08/tc08sim.h"
@@ -9,10 +10,12 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QTimer>
 
 #include <cstdio>
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace
 {
@@ -63,6 +66,35 @@ int run(const QString& acCase)
     return 0;
 }
 
+/// The event loop runs until the ports of thirty thermometers and the logger hang.
+int runThirty(QCoreApplication& arApplication)
+{
+    constexpr int cPorts = 30;
+    tc08sim_command("hang=get_single");
+    std::vector<std::unique_ptr<tcOmegaSim>> thermometers;
+    std::vector<std::unique_ptr<tcDataSource>> sources;
+    sources.emplace_back(tcSourceRegistry::createSource("Pico TC08", "CH1", nullptr));
+    for (int port = 0; port < cPorts; ++port) {
+        thermometers.push_back(std::make_unique<tcOmegaSim>());
+        sources.emplace_back(tcSourceRegistry::createSource(
+            "Omega UTC", QString::fromStdString(thermometers.back()->portName()), nullptr));
+    }
+    tcHangingPort::gate().shut();
+    for (const auto& source : sources)
+        source->start();
+    const bool there = reaches([] {
+        return tcHangingPort::gate().inside() == cPorts && tc08sim_calls("get_single") > 0;
+    });
+    if (!there)
+        return 3;
+    QTimer::singleShot(0, &arApplication, [] {
+        std::puts("quitting");
+        std::fflush(stdout);
+        QCoreApplication::quit();
+    });
+    return QCoreApplication::exec();
+}
+
 } // namespace
 
 int main(int anCount, char** apArguments)
@@ -72,6 +104,6 @@ int main(int anCount, char** apArguments)
         const QApplication application(anCount, apArguments);
         return run(what);
     }
-    const QCoreApplication application(anCount, apArguments);
-    return run(what);
+    QCoreApplication application(anCount, apArguments);
+    return what == "thirty" ? runThirty(application) : run(what);
 }

@@ -96,6 +96,8 @@ private Q_SLOTS:
     void stuckLoopIsLetGo();
     void stuckLoopReachesNobodyAndFreesItsMemory();
     void stuckLoopNeverStartsAgain();
+    void severalStuckLoopsShareTheirSecond();
+    void requestIsForgottenByTheNextStart();
     void windowLivesWhileALoopIsWaitedFor();
     void workerMayGoWhileItIsWaitedFor();
     void loopThatEndsUnfinishedIsWaitedFor();
@@ -318,6 +320,40 @@ void tst_DeviceWorker::stuckLoopNeverStartsAgain()
     gate->open();
     QTRY_COMPARE(gate->inside(), 0);
     QCOMPARE(begun->load(), 1);
+}
+
+void tst_DeviceWorker::severalStuckLoopsShareTheirSecond()
+{
+    constexpr int cLoops = 40; // would take forty seconds, one after the other
+    const auto gate = std::make_shared<tcGate>();
+    gate->shut();
+    std::vector<std::shared_ptr<tcFunctionWorker>> workers;
+    for (int at = 0; at < cLoops; ++at) {
+        workers.push_back(makeWorker([gate](tcWorkerLink&) { gate->pass(); }));
+        workers.back()->start();
+    }
+    QTRY_COMPARE(gate->inside(), cLoops);
+    QElapsedTimer waited;
+    waited.start();
+    for (const auto& worker : workers)
+        worker->requestStop();
+    for (const auto& worker : workers)
+        QVERIFY(!worker->stop());
+    QVERIFY(waited.elapsed() >= 900);
+    QVERIFY2(waited.elapsed() < 20000, qPrintable(QString::number(waited.elapsed())));
+    gate->open();
+    QTRY_COMPARE(gate->inside(), 0);
+}
+
+void tst_DeviceWorker::requestIsForgottenByTheNextStart()
+{
+    const auto worker = makeWorker(runUntilStopped);
+    worker->requestStop();
+    worker->start();
+    QVERIFY(!worker->link().stopRequested());
+    worker->requestStop();
+    QTRY_VERIFY(worker->link().isFinished());
+    QVERIFY(worker->stop());
 }
 
 void tst_DeviceWorker::windowLivesWhileALoopIsWaitedFor()

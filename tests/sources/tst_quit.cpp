@@ -23,6 +23,7 @@ void tst_Quit::quits_data()
     QTest::newRow("opening the logger hangs") << "logger-opens" << 1;
     QTest::newRow("the port of the thermometer hangs") << "thermometer" << 1;
     QTest::newRow("both hang") << "both" << 2;
+    QTest::newRow("the logger and thirty thermometers hang") << "thirty" << 31;
     QTest::newRow("a driver comes back at the very end") << "released-at-the-end" << 1;
 }
 
