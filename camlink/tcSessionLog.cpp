@@ -94,10 +94,10 @@ void tcSessionLog::writeRest()
         write(tcSessionText::received(QDateTime::currentDateTime(), rest));
 }
 
-/// What goes into a deleted file is lost, and the system reports no error.
+/// What goes into a deleted or replaced file is lost, and the system reports no error.
 void tcSessionLog::goOnIfGone()
 {
-    if (mFile.isOpen() && mFile.exists())
+    if (mFile.isOpen() && mFile.exists() && tcFileSync::isInPlace(mFile))
         return;
     mFile.close();
     if (open())

@@ -2,6 +2,8 @@
 
 #include "widgets/tcFileSync.h"
 
+#include <QDebug>
+
 namespace
 {
 
@@ -25,6 +27,23 @@ bool tcLogFile::open()
         return false;
     mTorn = endsInTheMiddleOfALine(mFile.fileName());
     return true;
+}
+
+tcLogFile::tePlace tcLogFile::find()
+{
+    if (mFile.isOpen() && tcFileSync::isInPlace(mFile))
+        return tePlace::Same;
+    mFile.close();
+    if (!open())
+        return tePlace::Gone;
+    qWarning() << mFile.fileName() << "was gone and is opened anew";
+    return tePlace::Another;
+}
+
+void tcLogFile::putFirst(const QByteArray& acLine)
+{
+    if (mFile.size() == 0 && !mWaiting.isEmpty())
+        mWaiting.prepend(acLine);
 }
 
 QString tcLogFile::errorString() const
@@ -90,6 +109,8 @@ bool tcLogFile::sync(qint64 anNow)
 
 bool tcLogFile::close()
 {
+    if (!mFile.isOpen()) // it was gone; whatever came since was not written
+        return false;
     const bool handed = handOver();
     const bool synced = !mUnsynced || tcFileSync::toDisk(mFile);
     mFile.close();

@@ -18,6 +18,18 @@ public:
     QString fileName() const { return mFile.fileName(); }
     QString errorString() const;
 
+    enum class tePlace
+    {
+        Same,
+        Another, ///< it was opened anew, since the old one was deleted, moved or replaced
+        Gone     ///< and that did not work
+    };
+    /// To be called before each write: what goes into a file that is gone is lost, and the
+    /// system reports no error.
+    tePlace find();
+    /// A line that belongs before those that wait for a file that is empty.
+    void putFirst(const QByteArray& acLine);
+
     /// Nothing is in the file, and nothing waits to get there.
     bool isEmpty() const;
 

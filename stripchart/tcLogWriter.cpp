@@ -37,6 +37,13 @@ QByteArray written(const std::function<void(tcCsvWriter&)>& acWrite)
     return buffer.data();
 }
 
+QByteArray headerLine(const QStringList& acTitles)
+{
+    return written([&acTitles](tcCsvWriter& arWriter) {
+        arWriter.header(tcCsvWriter::loggedTimeTitle(), acTitles);
+    });
+}
+
 struct tcReadings
 {
     std::vector<double> times;
@@ -69,6 +76,8 @@ bool tcLogWriter::open()
 bool tcLogWriter::write(const QVector<tcStripCurve*>& acCurves, qint64 anNow)
 {
     forgetDeleted();
+    if (!findFile())
+        return false; // the curves hold the readings meanwhile
     QByteArray lines;
     if (mFile.isEmpty())
         lines = header(acCurves);
@@ -77,6 +86,19 @@ bool tcLogWriter::write(const QVector<tcStripCurve*>& acCurves, qint64 anNow)
     mStarted = true;
     lines += rows(acCurves);
     return mFile.write(lines, anNow);
+}
+
+bool tcLogWriter::findFile()
+{
+    const tcLogFile::tePlace place = mFile.find();
+    if (place != tcLogFile::tePlace::Another)
+        return place == tcLogFile::tePlace::Same;
+    // Lines that wait are in the columns of the old file.
+    if (mFile.waiting() > 0)
+        mFile.putFirst(mHeader);
+    else
+        mStarted = false;
+    return true;
 }
 
 bool tcLogWriter::close()
@@ -104,15 +126,16 @@ QByteArray tcLogWriter::header(const QVector<tcStripCurve*>& acCurves)
         titles << curve->title().text();
         mColumns.assign(curve, titles.last());
     }
-    return written([&titles](tcCsvWriter& arWriter) {
-        arWriter.header(tcCsvWriter::loggedTimeTitle(), titles);
-    });
+    mHeader = headerLine(titles);
+    return mHeader;
 }
 
 void tcLogWriter::continueColumns()
 {
     // The header that stands there names the columns of what is added below it.
-    mColumns.takeTitles(titlesIn(mFile.fileName()));
+    const QStringList titles = titlesIn(mFile.fileName());
+    mColumns.takeTitles(titles);
+    mHeader = headerLine(titles);
 }
 
 QByteArray tcLogWriter::rows(const QVector<tcStripCurve*>& acCurves)

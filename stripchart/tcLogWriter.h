@@ -37,6 +37,7 @@ private:
     };
 
     void forgetDeleted();
+    bool findFile();
     QByteArray header(const QVector<tcStripCurve*>& acCurves);
     void continueColumns();
     QByteArray rows(const QVector<tcStripCurve*>& acCurves);
@@ -44,5 +45,6 @@ private:
     tcLogFile mFile;
     tcColumnMap mColumns;
     QHash<const tcStripCurve*, tcSeen> mSeen;
+    QByteArray mHeader; ///< of this log, once it has one
     bool mStarted = false;
 };

@@ -1,6 +1,6 @@
 #include "widgets/tcFileSync.h"
 
-#include <QFileDevice>
+#include <QFile>
 #include <QFileInfo>
 
 #ifdef Q_OS_WIN
@@ -8,6 +8,7 @@
 #include <qt_windows.h>
 #else
 #include <cerrno>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -27,6 +28,21 @@ bool tcFileSync::toDisk(QFileDevice& arFile)
         result = fsync(handle);
     } while (result != 0 && errno == EINTR);
     return result == 0 || errno == EINVAL || errno == EROFS || errno == ENOTSUP;
+#endif
+}
+
+bool tcFileSync::isInPlace(const QFileDevice& acFile)
+{
+#ifdef Q_OS_WIN
+    return acFile.isOpen();
+#else
+    struct stat open = {};
+    struct stat named = {};
+    if (fstat(acFile.handle(), &open) != 0)
+        return false;
+    if (stat(QFile::encodeName(acFile.fileName()).constData(), &named) != 0)
+        return errno != ENOENT && errno != ENOTDIR; // there, as far as one can tell
+    return open.st_dev == named.st_dev && open.st_ino == named.st_ino;
 #endif
 }
 

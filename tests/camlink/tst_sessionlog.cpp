@@ -45,6 +45,7 @@ private Q_SLOTS:
     void pipeIsRefused();
     void fullDiskIsSaidOnce();
     void deletedFileIsBegunAnew();
+    void fileThatTookItsPlaceIsContinued();
     void deletedFileWithItsFolder();
     void goneWhileTheQuestionIsOpen();
     void goneWhileRunning();
@@ -262,6 +263,25 @@ void tst_SessionLog::deletedFileIsBegunAnew()
     QCOMPARE(message.count(), 1);
     QVERIFY(message.at(0).at(0).toString().endsWith(" was gone and is begun anew"));
     QVERIFY(mControl->action()->isChecked());
+#endif
+}
+
+void tst_SessionLog::fileThatTookItsPlaceIsContinued()
+{
+#ifdef Q_OS_WIN
+    QSKIP("an open file can't be replaced here");
+#else
+    QSignalSpy message(mControl.get(), &tcSessionControl::message);
+    startLog();
+    tcSerialLink::write(mRef, "1\n", 100);
+    QFile other(mFile + ".new");
+    QVERIFY(other.open(QIODevice::WriteOnly));
+    other.close();
+    QVERIFY(QFile::remove(mFile) && other.rename(mFile)); // as saving over it does
+    tcSerialLink::write(mRef, "2\n", 100);
+    tcSerialLink::write(mRef, "3\n", 100);
+    QCOMPARE(lines(), QStringList({"TX 2\\n", "TX 3\\n"}));
+    QCOMPARE(message.count(), 1);
 #endif
 }
 

@@ -2,8 +2,14 @@
 #include "stripchart/tcLogWriter.h"
 #include "stripchart/tcStripCurve.h"
 
+#include <QDir>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#ifdef Q_OS_LINUX
+#include "tests/support/tcSizeLimit.h"
+#endif
 
 class tst_LogWriter : public QObject
 {
@@ -164,6 +170,112 @@ private Q_SLOTS:
         QVERIFY(log.write(both(), mNow));
         QCOMPARE(content(), QByteArray("TimeStamp,A,B,\n2000,2.000,\n"));
     }
+
+#ifdef Q_OS_UNIX // elsewhere an open file can't be moved, deleted or replaced
+    void deletedFileIsBegunAnew_data()
+    {
+        QTest::addColumn<bool>("moved");
+        QTest::newRow("deleted") << false;
+        QTest::newRow("moved, and its first part with it") << true;
+    }
+    void deletedFileIsBegunAnew()
+    {
+        QFETCH(bool, moved);
+        tcLogWriter log(path());
+        QVERIFY(log.open());
+        mA->addSample(1000, 1);
+        QVERIFY(log.write(both(), mNow));
+        const QString elsewhere = mFolder->filePath("elsewhere.csv");
+        QVERIFY(moved ? QFile::rename(path(), elsewhere) : QFile::remove(path()));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("was gone and is opened anew"));
+        mA->addSample(2000, 2);
+        QVERIFY(log.write(both(), mNow));
+        mB->addSample(3000, 3);
+        QVERIFY(log.write(both(), mNow));
+        QVERIFY(log.close());
+        QCOMPARE(content(), QByteArray("TimeStamp,A,B,\n2000,2.000,\n3000,,3.000\n"));
+        QFile first(elsewhere);
+        QCOMPARE(first.open(QIODevice::ReadOnly), moved);
+        QVERIFY(!moved || first.readAll() == "TimeStamp,A,B,\n1000,1.000,\n");
+    }
+
+    void fileThatTookItsPlaceIsContinued()
+    {
+        tcLogWriter log(path());
+        QVERIFY(log.open());
+        mA->addSample(1000, 1);
+        QVERIFY(log.write(both(), mNow));
+        QFile other(mFolder->filePath("other"));
+        QVERIFY(other.open(QIODevice::WriteOnly));
+        other.write("ms since epoch,B,A,\n1000,,1.000\n");
+        other.close();
+        QVERIFY(QFile::remove(path()) && other.rename(path())); // as saving over it does
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("was gone and is opened anew"));
+        mA->addSample(2000, 2);
+        QVERIFY(log.write(both(), mNow));
+        QCOMPARE(content(), QByteArray("ms since epoch,B,A,\n1000,,1.000\n2000,,2.000\n"));
+    }
+
+    void readingsWaitWhileItsFolderIsGone()
+    {
+        const QString folder = mFolder->filePath("disk");
+        const QString away = mFolder->filePath("away");
+        QVERIFY(QDir().mkdir(folder));
+        tcLogWriter log(folder + "/log.csv");
+        QVERIFY(log.open());
+        mA->addSample(1000, 1);
+        QVERIFY(log.write(both(), mNow));
+        QVERIFY(QDir().rename(folder, away));
+        for (int time = 2000; time <= 3000; time += 1000) {
+            mA->addSample(time, time);
+            QVERIFY(!log.write(both(), mNow));
+            QVERIFY(!log.errorString().isEmpty());
+        }
+        QVERIFY(!QFile::exists(folder));
+        QVERIFY(QDir().rename(away, folder));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("was gone and is opened anew"));
+        mA->addSample(4000, 4);
+        QVERIFY(log.write(both(), mNow));
+        QFile file(folder + "/log.csv");
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(),
+                 QByteArray("TimeStamp,A,B,\n1000,1.000,\n2000,2000.000,\n3000,3000.000,\n"
+                            "4000,4.000,\n"));
+    }
+
+    void endedWhileItsFolderIsGoneIsIncomplete()
+    {
+        const QString folder = mFolder->filePath("disk");
+        QVERIFY(QDir().mkdir(folder));
+        tcLogWriter log(folder + "/log.csv");
+        QVERIFY(log.open());
+        QVERIFY(log.write(both(), mNow));
+        QVERIFY(QDir(folder).removeRecursively());
+        mA->addSample(1000, 1);
+        QVERIFY(!log.write(both(), mNow));
+        QVERIFY(!log.close());
+    }
+#endif
+
+#ifdef Q_OS_LINUX
+    void headerComesBeforeTheRowsThatWaitedForAFullDisk()
+    {
+        tcLogWriter log(path());
+        QVERIFY(log.open());
+        mB->addSample(1000, 1);
+        QVERIFY(log.write(both(), mNow));
+        {
+            const tcSizeLimit full(0);
+            mB->addSample(2000, 2);
+            QVERIFY(!log.write(both(), mNow));
+        }
+        QVERIFY(QFile::remove(path())); // to make room
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("was gone and is opened anew"));
+        mA->addSample(3000, 3);
+        QVERIFY(log.write(both(), mNow));
+        QCOMPARE(content(), QByteArray("TimeStamp,A,B,\n2000,,2.000\n3000,3.000,\n"));
+    }
+#endif
 
     void curveThatComesLaterGetsAColumnBehindTheOthers()
     {
