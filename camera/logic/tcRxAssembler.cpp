@@ -39,13 +39,13 @@ void tcRxAssembler::add(const QString& acText)
         return;
     const bool skip = mSkipLineFeed && acText.startsWith('\n');
     mSkipLineFeed = false;
-    mText += skip ? acText.midRef(1) : QStringRef(&acText);
+    mPendingLine += skip ? acText.midRef(1) : QStringRef(&acText);
 }
 
 std::optional<QString> tcRxAssembler::nextReply()
 {
     for (int end = findLineEnd(); end >= 0; end = findLineEnd()) {
-        const QStringRef line = mText.midRef(mStart, end - 2 - mStart);
+        const QStringRef line = mPendingLine.midRef(mStart, end - 2 - mStart);
         mStart = end;
         if (std::exchange(mDropping, false))
             continue;
@@ -58,13 +58,14 @@ std::optional<QString> tcRxAssembler::nextReply()
 
 int tcRxAssembler::findLineEnd()
 {
-    for (int at = std::max(mStart, mSearched); (at = mText.indexOf('\n', at)) >= 0; ++at) {
-        if (at > mStart && mText.at(at - 1) == '\r') {
+    for (int at = std::max(mStart, mSearched); (at = mPendingLine.indexOf('\n', at)) >= 0;
+         ++at) {
+        if (at > mStart && mPendingLine.at(at - 1) == '\r') {
             mSearched = at + 1;
             return at + 1;
         }
     }
-    mSearched = mText.size();
+    mSearched = mPendingLine.size();
     return -1;
 }
 
@@ -76,28 +77,30 @@ std::optional<QString> tcRxAssembler::replyIn(const QStringRef& arLine) const
 
 void tcRxAssembler::keepUnfinishedLine()
 {
-    mText.remove(0, mStart);
+    mPendingLine.remove(0, mStart);
     if (!mDropping)
-        mText.remove(0, mText.size() - withoutJunk(QStringRef(&mText)).size());
-    if (mDropping || mText.size() > cMaxLine) {
+        mPendingLine.remove(
+            0, mPendingLine.size() - withoutJunk(QStringRef(&mPendingLine)).size());
+    if (mDropping || mPendingLine.size() > cMaxLine) {
         if (!mDropping)
-            qDebug() << "Dropping a line without end after" << mText.size() << "characters";
+            qDebug() << "Dropping a line without end after" << mPendingLine.size()
+                     << "characters";
         mDropping = true;
         // The first half of its line end may be here already.
-        mText = mText.endsWith('\r') ? QStringLiteral("\r") : QString();
+        mPendingLine = mPendingLine.endsWith('\r') ? QStringLiteral("\r") : QString();
     }
     mStart = 0;
-    mSearched = mText.size();
+    mSearched = mPendingLine.size();
 }
 
 bool tcRxAssembler::hasUnfinishedReply() const
 {
-    return !mDropping && tcReply::isReply(mText);
+    return !mDropping && tcReply::isReply(mPendingLine);
 }
 
 QString tcRxAssembler::takeUnfinishedReply()
 {
-    QString reply = std::exchange(mText, QString());
+    QString reply = std::exchange(mPendingLine, QString());
     mSearched = 0;
     if (reply.endsWith('\r')) {
         reply.chop(1);

@@ -21,7 +21,7 @@ public:
     std::optional<QString> nextReply();
 
     /// Asked when nextReply() had nothing more.
-    bool hasUnfinishedLine() const { return !mText.isEmpty(); }
+    bool hasUnfinishedLine() const { return !mPendingLine.isEmpty(); }
     /// The unfinished line already reads as a reply: a line end, or more fields, may follow.
     bool hasUnfinishedReply() const;
     /// Gives that reply away as it is; a line end that arrives later belongs to it.
@@ -35,7 +35,7 @@ private:
     std::optional<QString> replyIn(const QStringRef& arLine) const;
     void keepUnfinishedLine();
 
-    QString mText;              ///< lines not yet taken, the unfinished one last
+    QString mPendingLine;       ///< unfinished; before it, lines that are not taken yet
     int mStart = 0;             ///< of the next line
     int mSearched = 0;          ///< no line end before this position
     bool mDropping = false;     ///< inside a line that was too long
