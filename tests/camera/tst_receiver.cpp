@@ -22,6 +22,7 @@ private Q_SLOTS:
     void cleanup();
 
     void aQuietRunPollsSixTimes();
+    void pausesAreShortHoweverMuchOthersHaveToDo();
     void anUnfinishedLineBeginsTheCountAnew();
     void aCompleteLineDoesNot();
     void failingCountEndsTheRun();
@@ -111,6 +112,28 @@ void tst_Receiver::aQuietRunPollsSixTimes()
     QCOMPARE(line.callsOf(cRead).size(), 0);
 }
 
+/// Five milliseconds each, in which a handler of one gets at most six turns.
+void tst_Receiver::pausesAreShortHoweverMuchOthersHaveToDo()
+{
+    int turns = 0;
+    int most = 0;
+    QTimer others;
+    connect(&others, &QTimer::timeout, this, [&] {
+        QTest::qSleep(1);
+        ++turns;
+    });
+    others.start(0);
+    line.onCall = [&](const tcFakeSerial::tcCall&) {
+        most = std::max(most, turns);
+        turns = 0;
+    };
+    QVERIFY(receiver->run());
+    QCOMPARE(polls(), 6);
+    most = std::max(most, turns);
+    QVERIFY(most > 0);
+    QVERIFY2(most <= 7, qPrintable(QString::number(most)));
+}
+
 void tst_Receiver::anUnfinishedLineBeginsTheCountAnew()
 {
     atPoll(4, [this] { line.receive("<A"); });
@@ -153,20 +176,27 @@ void tst_Receiver::failingReadEndsTheRun()
 void tst_Receiver::failureAfterTheFifthEmptyPollIsTraced_data()
 {
     QTest::addColumn<int>("failsAt");
+    QTest::addColumn<QByteArray>("call");
     QTest::addColumn<bool>("traced");
-    for (int poll = 1; poll <= 5; ++poll)
-        QTest::addRow("poll %d", poll) << poll << false;
-    QTest::newRow("poll 6") << 6 << true;
-    QTest::newRow("never") << 99 << false;
+    for (const char* call : {cCount, cRead}) {
+        for (int poll = 1; poll <= 5; ++poll)
+            QTest::addRow("%s at poll %d", call, poll) << poll << QByteArray(call) << false;
+        QTest::addRow("%s at poll 6", call) << 6 << QByteArray(call) << true;
+        QTest::addRow("%s never", call) << 99 << QByteArray(call) << false;
+    }
 }
 
 void tst_Receiver::failureAfterTheFifthEmptyPollIsTraced()
 {
     QFETCH(int, failsAt);
+    QFETCH(QByteArray, call);
     QFETCH(bool, traced);
     static QStringList messages;
     messages.clear();
-    atPoll(failsAt, [this] { line.failing[cCount] = -10006; });
+    atPoll(failsAt, [&] {
+        line.failing[call] = -10006;
+        line.receive("<A><ACK>\r\n"); // so that there is something to read
+    });
     const QtMessageHandler before
         = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&,
                                     const QString& acText) { messages.append(acText); });

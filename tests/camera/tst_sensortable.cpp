@@ -76,6 +76,7 @@ void tst_SensorTable::simulatedReply()
 {
     QFETCH(int, thousandths);
     QTEST(tcSensorTable::simulatedReply("<SENS 3>", thousandths), "reply");
+    QCOMPARE(tcSensorTable::cSimulatedSpread, 2000); // the rows above go from end to end
 }
 
 void tst_SensorTable::wholeSimulatedValueIsNoReading()

@@ -80,7 +80,7 @@ void tst_VexaK40Presets::boxFollowsTheList()
 {
     write("presets.ini",
           "[Cmv2000TEC]\nsize=2\n1\\name=\"Mine, 1\"\n1\\cmds=\"<STOP>\\n\"\n"
-          "2\\name=\"%1 %s\"\n2\\cmds=\"<%1>\\n\"\n");
+          "2\\name=\"%1 %s \xC2\xB5s\"\n2\\cmds=\"<%1 \xC2\xB5>\\n\"\n");
     tcPanelRig rig;
     const auto* box = rig.find<QComboBox>("presetsCB");
     QCOMPARE(box->count(), 0); // before the settings are read
@@ -90,7 +90,9 @@ void tst_VexaK40Presets::boxFollowsTheList()
     QCOMPARE(box->itemText(0),
              QStringLiteral("8-Tap, 10 Bpp, 1824 x 416, Max fps, 500us exp Free"));
     QCOMPARE(box->itemText(4), QStringLiteral("Mine, 1"));
-    QCOMPARE(box->itemText(5), QStringLiteral("%1 %s"));
+    QCOMPARE(box->itemText(5), QString::fromUtf8("%1 %s \xC2\xB5s"));
+    rig.find<QComboBox>("presetsCB")->setCurrentIndex(5);
+    QCOMPARE(box->toolTip(), QString::fromUtf8("<%1 \xC2\xB5>\n"));
     const auto* preset = box->itemData(4).value<tcCamlinkIface::Preset*>();
     QVERIFY(preset);
     QCOMPARE(preset->script, "<STOP>\n");
@@ -103,6 +105,7 @@ void tst_VexaK40Presets::toolTipIsTheScript()
     tcPanelRig rig;
     rig.panel.loadSettings(&settings());
     auto* box = rig.find<QComboBox>("presetsCB");
+    QVERIFY(box->toolTip().startsWith("<STOP>\n")); // before anybody has chosen
     for (int index = box->count() - 1; index >= 0; --index) {
         box->setCurrentIndex(index);
         QCOMPARE(box->toolTip().toLatin1(),
@@ -457,8 +460,10 @@ void tst_VexaK40Presets::groupIsTheCameraName()
     QFETCH(QString, group);
     tcPanelRig rig(static_cast<teCmvType>(type));
     rig.panel.loadSettings(&settings());
+    QCOMPARE(settings().group(), QString()); // left as it was
     QCOMPARE(rig.find<QComboBox>("presetsCB")->count(), 5);
     rig.panel.saveSettings(&settings());
+    QCOMPARE(settings().group(), QString());
     QCOMPARE(settings().childGroups(), QStringList{group});
     settings().beginGroup(group);
     QStringList keys = settings().allKeys();

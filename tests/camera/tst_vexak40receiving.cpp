@@ -48,6 +48,7 @@ private Q_SLOTS:
     void hexViewKeepsItsPlace();
     void hexViewInSightFollowsAtReadingPace();
     void clearEmptiesEverything();
+    void clearLeavesTheUnfinishedLine();
 
     void timersHaveTheirIntervals();
     void keepAliveAsksEverySecond();
@@ -80,6 +81,8 @@ void tst_VexaK40Receiving::refusedRateLeavesTheReceiverStopped()
     QCOMPARE(rig.logView()->textCursor().position(), 0); // not taken to the end
     QTest::qWait(60); // three ticks, had the timer been started
     QCOMPARE(rig.line.callsOf("clGetNumBytesAvail").size(), 0);
+    QCOMPARE(rig.panel.writeCommand("<VERS>"), QStringLiteral("<VERS>")); // the port is its own
+    QCOMPARE(rig.line.writes(), QList<QByteArray>{"<VERS>\n"});
 }
 
 void tst_VexaK40Receiving::receiverRunsByItself()
@@ -276,9 +279,10 @@ void tst_VexaK40Receiving::emptyLineChangesNothing()
 void tst_VexaK40Receiving::everyLineIsTraced()
 {
     tcPanelRig rig;
-    QTest::ignoreMessage(QtDebugMsg, QRegularExpression("LINE:  \"<A><ACK>\"$"));
+    const QString stamp("^\"\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d\\.\\d{3}\" ");
+    QTest::ignoreMessage(QtDebugMsg, QRegularExpression(stamp + "LINE:  \"<A><ACK>\"$"));
     rig.panel.handleReply("<A><ACK>");
-    QTest::ignoreMessage(QtDebugMsg, QRegularExpression("LINE:  \"\"$"));
+    QTest::ignoreMessage(QtDebugMsg, QRegularExpression(stamp + "LINE:  \"\"$"));
     rig.panel.handleReply(QString());
 }
 
@@ -446,6 +450,19 @@ void tst_VexaK40Receiving::clearEmptiesEverything()
     QTRY_COMPARE(rig.hex(), tcHexDump::text(QByteArray("<B><ACK>\r\n")));
 }
 
+/// Only what is shown goes: the reply that is just coming in comes whole.
+void tst_VexaK40Receiving::clearLeavesTheUnfinishedLine()
+{
+    tcPanelRig rig;
+    rig.open();
+    rig.line.receive("<A><AC");
+    rig.panel.CheckRxData();
+    rig.button("clearPB")->click();
+    rig.line.receive("K>\r\n");
+    rig.panel.CheckRxData();
+    QCOMPARE(rig.log(), QStringLiteral("<A><ACK>\n"));
+}
+
 /// Seen where they fire, so that a slow machine makes no difference.
 void tst_VexaK40Receiving::timersHaveTheirIntervals()
 {
@@ -492,6 +509,11 @@ void tst_VexaK40Receiving::keepAliveIsNotLogged()
     rig.open();
     rig.button("keepAlivePB")->setChecked(true);
     QTRY_COMPARE(rig.lastReply(), QStringLiteral("<TEMP 0><ACK><21.5>"));
+    QCOMPARE(rig.log(), QString());
+    // Nor is a failure: a camera that was pulled would fill the log with one a second.
+    rig.line.failing["clSerialWrite"] = -10006;
+    rig.line.calls.clear();
+    QTRY_COMPARE(rig.line.writes().size(), 1);
     QCOMPARE(rig.log(), QString());
 }
 

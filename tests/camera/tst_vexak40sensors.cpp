@@ -20,11 +20,14 @@ private Q_SLOTS:
     void cleanup() { QCOMPARE(tcFakeSerial::instance().misuse, QStringList()); }
 
     void plottingAsksForTheCooler();
+    void coolerIsAskedBeforeAnythingStarts();
+    void eachStartBringsTheChartToTheFront();
     void onlyAClickStartsPlotting();
     void withoutAPortNothingIsSent();
     void readingIsPlottedAndNotLogged();
     void onlyOneDigitReachesItsCurve();
     void sensorThatIsNotPolled();
+    void simulatedReplyComesBeforeThePoll();
     void cooler_data();
     void cooler();
     void messagesOfSourcesAreLogged();
@@ -56,6 +59,51 @@ void tst_VexaK40Sensors::plottingAsksForTheCooler()
     rig.button("tempsPB")->click();
     QCOMPARE(rig.line.writes(), QList<QByteArray>{"<GTEC>\n"});
     QCOMPARE(rig.log(), QString()); // what was sent is not logged
+}
+
+void tst_VexaK40Sensors::coolerIsAskedBeforeAnythingStarts()
+{
+    tcPanelRig rig;
+    rig.open();
+    addScriptedSource(rig);
+    int startedBefore = -1;
+    rig.line.onCall = [&](const tcFakeSerial::tcCall& acCall) {
+        if (acCall.bytes == "<GTEC>\n")
+            startedBefore = tcScriptedSource::living.size();
+    };
+    rig.button("tempsPB")->click();
+    rig.line.onCall = nullptr;
+    QCOMPARE(startedBefore, 0);
+    QCOMPARE(tcScriptedSource::living.size(), 1);
+}
+
+void tst_VexaK40Sensors::eachStartBringsTheChartToTheFront()
+{
+    class tcWatch : public QObject
+    {
+    public:
+        bool eventFilter(QObject*, QEvent* apEvent) override
+        {
+            raised += apEvent->type() == QEvent::ZOrderChange ? 1 : 0;
+            return false;
+        }
+        int raised = 0;
+    };
+    tcWatch watch;
+    const tcPanelRig rig;
+    rig.button("tempsPB")->click();
+    QWidget* chart = tcChartOperator::shownChart();
+    QVERIFY(chart);
+    rig.button("tempsPB")->click();
+    QVERIFY2(chart->isVisible(), "what was plotted can still be looked at");
+    chart->installEventFilter(&watch);
+    rig.button("tempsPB")->click();
+    QCOMPARE(watch.raised, 1);
+    rig.button("tempsPB")->click();
+    chart->close();
+    rig.button("tempsPB")->click();
+    QVERIFY(chart->isVisible());
+    QCOMPARE(watch.raised, 2);
 }
 
 void tst_VexaK40Sensors::onlyAClickStartsPlotting()
@@ -129,6 +177,23 @@ void tst_VexaK40Sensors::sensorThatIsNotPolled()
     rig.panel.requestTemp(7);
     QVERIFY2(rig.lastReply().startsWith("<ACK><2"), qPrintable(rig.lastReply()));
     QCOMPARE(rig.line.writes().size(), 0);
+}
+
+void tst_VexaK40Sensors::simulatedReplyComesBeforeThePoll()
+{
+    tcPanelRig rig;
+    rig.open();
+    check(rig, 2);
+    rig.button("tempsPB")->click();
+    rig.button("simSensorsPB")->setChecked(true);
+    QString atTheWrite;
+    rig.line.onCall = [&](const tcFakeSerial::tcCall& acCall) {
+        if (acCall.bytes == "<SENS 3>\n")
+            atTheWrite = rig.lastReply();
+    };
+    rig.panel.requestTemp(3);
+    rig.line.onCall = nullptr;
+    QVERIFY2(atTheWrite.startsWith("<SENS 3><ACK><2"), qPrintable(atTheWrite));
 }
 
 void tst_VexaK40Sensors::cooler_data()
