@@ -32,6 +32,8 @@ private Q_SLOTS:
     void markerSnapsToANearSample_data();
     void markerSnapsToANearSample();
     void markerSnapsBelowTenPixels();
+    void markerSnapsToTheNearestOfSeveral_data();
+    void markerSnapsToTheNearestOfSeveral();
     void markerSnapsOnTheRightAxis();
     void markerIgnoresHiddenCurves();
     void markerLook();
@@ -104,6 +106,38 @@ void tst_ChartMarkers::markerSnapsBelowTenPixels()
             const QUuid key = probe.chart->markers().place(pos);
             QCOMPARE(probe.chart->marker(key)->curve() != nullptr, near);
         }
+}
+
+void tst_ChartMarkers::markerSnapsToTheNearestOfSeveral_data()
+{
+    QTest::addColumn<int>("right");
+    QTest::addColumn<int>("nearest");
+    QTest::newRow("the first sample") << 1 << 0;
+    QTest::newRow("the second one") << 3 << 1;
+    QTest::newRow("that of the other curve") << 5 << 2;
+}
+
+/// Three samples side by side, two pixels apart, of two curves.
+void tst_ChartMarkers::markerSnapsToTheNearestOfSeveral()
+{
+    QFETCH(int, right);
+    QFETCH(int, nearest);
+    tcMarkedChart probe;
+    const auto b = probe.curve("B", 1);
+    probe.chart->addCurve(b.get(), probe.key);
+    QCoreApplication::processEvents(); // the legend has grown
+    const QPoint first = probe.samplePixel();
+    const auto timeAt = [&](int anRight) {
+        return qint64(probe.plot->invTransform(QwtPlot::xBottom, first.x() + anRight));
+    };
+    probe.a->clear();
+    probe.a->addSample(timeAt(1), 40.0);
+    probe.a->addSample(timeAt(3), 40.0);
+    b->addSample(timeAt(5), 40.0);
+    probe.chart->markerRequest(first + QPoint(right, 0));
+    const tcStripCurve* curve = nearest == 2 ? b.get() : probe.a.get();
+    QCOMPARE(probe.only()->curve(), curve);
+    QCOMPARE(probe.only()->value(), curve->sample(nearest == 1 ? 1 : 0));
 }
 
 void tst_ChartMarkers::markerSnapsOnTheRightAxis()
