@@ -516,6 +516,10 @@
         <source>Ctrl+L</source>
         <translation>Ctrl+L</translation>
     </message>
+    <message>
+        <source>Ask the camera each second, and close the port after 5 seconds without data</source>
+        <translation>Die Kamera jede Sekunde abfragen und den Anschluss nach 5 Sekunden ohne Daten schließen</translation>
+    </message>
 </context>
 <context>
     <name>VexaR60</name>

@@ -45,6 +45,8 @@ private Q_SLOTS:
     void title();
     void texts_data();
     void texts();
+    void shortTextsAreExplained_data();
+    void shortTextsAreExplained();
     void spinBoxes_data();
     void spinBoxes();
     void comboBoxes();
@@ -131,6 +133,23 @@ void tst_VexaK40Form::texts()
     const auto* widget = rig.find<QWidget>(name.constData());
     QCOMPARE(QByteArray(widget->metaObject()->className()), kind);
     QTEST(widget->property(kind == "QGroupBox" ? "title" : "text").toString(), "text");
+}
+
+void tst_VexaK40Form::shortTextsAreExplained_data()
+{
+    QTest::addColumn<QString>("toolTip");
+    QTest::newRow("SendPresetPB") << "Send preset";
+    QTest::newRow("SendCustomPB") << "Send custom preset file";
+    QTest::newRow("fakeRXPB") << "Handle the command text as received";
+    QTest::newRow("keepAlivePB")
+        << "Ask the camera each second, and close the port after 5 seconds without data";
+    QTest::newRow("simSensorsPB") << "Simulate sensors";
+}
+
+void tst_VexaK40Form::shortTextsAreExplained()
+{
+    const tcPanelRig rig;
+    QTEST(rig.find<QPushButton>(QTest::currentDataTag())->toolTip(), "toolTip");
 }
 
 void tst_VexaK40Form::spinBoxes_data()

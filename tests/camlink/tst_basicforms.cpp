@@ -98,6 +98,12 @@ void tst_BasicForms::widgetTexts_data()
     };
     for (const auto& row : rows)
         QTest::newRow(row[0]) << row[0] << row[1] << row[2];
+    QTest::newRow("tip of SendPresetPB") << "SendPresetPB"
+                                         << "toolTip"
+                                         << "Send preset";
+    QTest::newRow("tip of SendCustomPB") << "SendCustomPB"
+                                         << "toolTip"
+                                         << "Send preset file";
 }
 
 void tst_BasicForms::widgetTexts()
