@@ -1,6 +1,7 @@
 #include "stripchart/tcBusy.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QProgressDialog>
 #include <QWindow>
 
@@ -48,7 +49,10 @@ void tcBusy::showDialog()
     // No parent: it must not go with a window that somebody deletes meanwhile.
     mDialog = std::make_unique<QProgressDialog>();
     mDialog->setWindowTitle(mWindow->windowTitle());
-    mDialog->setLabelText(mText);
+    auto* label = new QLabel(mText);
+    label->setTextFormat(Qt::PlainText); // the name of a file
+    label->setAlignment(Qt::AlignCenter);
+    mDialog->setLabel(label);
     mDialog->setWindowModality(Qt::ApplicationModal);
     mDialog->setAutoReset(false);
     mDialog->setMinimumDuration(0);

@@ -18,6 +18,15 @@ std::optional<T> unlessCancelled(bool abOk, const T& acValue)
     return abOk ? std::optional<T>(acValue) : std::nullopt;
 }
 
+/// Names of files and curves stand in the text, whose brackets are no tags.
+void showBox(QMessageBox::Icon anIcon, QWidget* apParent, const QString& acTitle,
+             const QString& acText)
+{
+    QMessageBox box(anIcon, acTitle, acText, QMessageBox::Ok, apParent);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
 /// Where nobody made the documents folder yet, home is proposed in its place: else the folder's
 /// name would stand there as that of a file.
 QString withFolderThatIsThere(const QString& acStart)
@@ -87,12 +96,12 @@ std::optional<QString> tcDialogs::item(QWidget* apParent, const QString& acTitle
 
 void tcDialogs::warning(QWidget* apParent, const QString& acTitle, const QString& acText)
 {
-    QMessageBox::warning(apParent, acTitle, acText, QMessageBox::Ok);
+    showBox(QMessageBox::Warning, apParent, acTitle, acText);
 }
 
 void tcDialogs::information(QWidget* apParent, const QString& acTitle, const QString& acText)
 {
-    QMessageBox::information(apParent, acTitle, acText, QMessageBox::Ok);
+    showBox(QMessageBox::Information, apParent, acTitle, acText);
 }
 
 void tcDialogs::bell()

@@ -1,6 +1,7 @@
 #include "stripchart/tcBusy.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QWindow>
@@ -15,6 +16,7 @@ class tst_Busy : public QObject
 private Q_SLOTS:
     void shortWorkShowsNoProgress();
     void progressStandsInFrontOfItsWindow();
+    void progressNamesTheFileAsItIs();
     void cancelledInEveryWay_data();
     void cancelledInEveryWay();
 };
@@ -28,7 +30,7 @@ using tcDo = std::function<void(QProgressDialog&)>;
 int workUntilStopped(QWidget& arWindow, const tcDo& acAtSight)
 {
     int sights = 0;
-    tcBusy busy(arWindow, QStringLiteral("Saving x.csv"), Qt::WaitCursor);
+    tcBusy busy(arWindow, QStringLiteral("Saving <b>x</b>.csv"), Qt::WaitCursor);
     while (busy.step(3, 10)) {
         auto* dialog = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
         if (dialog && ++sights == 3) // when it is there for good
@@ -66,6 +68,21 @@ void tst_Busy::progressStandsInFrontOfItsWindow()
              qPrintable(QString("%1, %2 off").arg(off.x()).arg(off.y())));
 }
 
+void tst_Busy::progressNamesTheFileAsItIs()
+{
+    QWidget window;
+    window.show();
+    QString text;
+    Qt::TextFormat format = Qt::AutoText;
+    workUntilStopped(window, [&](QProgressDialog& arDialog) {
+        text = arDialog.labelText();
+        format = arDialog.findChild<QLabel*>()->textFormat();
+        arDialog.cancel();
+    });
+    QCOMPARE(text, QString("Saving <b>x</b>.csv"));
+    QCOMPARE(format, Qt::PlainText); // what stands in brackets is no tag
+}
+
 void tst_Busy::cancelledInEveryWay_data()
 {
     QTest::addColumn<QString>("way");
@@ -81,7 +98,7 @@ void tst_Busy::cancelledInEveryWay()
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     const int sights = workUntilStopped(window, [&way](QProgressDialog& arDialog) {
-        QCOMPARE(arDialog.labelText(), QString("Saving x.csv"));
+        QCOMPARE(arDialog.labelText(), QString("Saving <b>x</b>.csv"));
         QCOMPARE(arDialog.value() * 10, arDialog.maximum() * 3);
         if (way == "escape")
             QTest::keyClick(&arDialog, Qt::Key_Escape);

@@ -89,15 +89,17 @@ void tst_Dialogs::boxes()
         QVERIFY(arBox.isModal());
         QCOMPARE(arBox.parentWidget(), &parent);
         QCOMPARE(arBox.windowTitle(), QString("Title"));
-        QCOMPARE(arBox.text(), QString("What it is about"));
+        QCOMPARE(arBox.text(), QString("Error with\n<b>bold</b>.csv"));
+        // As it stands, on two lines and with its brackets.
+        QCOMPARE(arBox.textFormat(), Qt::PlainText);
         QCOMPARE(arBox.icon(), warning ? QMessageBox::Warning : QMessageBox::Information);
         QCOMPARE(arBox.standardButtons(), QMessageBox::Ok);
         arBox.button(QMessageBox::Ok)->click();
     });
     if (warning)
-        tcDialogs::current().warning(&parent, "Title", "What it is about");
+        tcDialogs::current().warning(&parent, "Title", "Error with\n<b>bold</b>.csv");
     else
-        tcDialogs::current().information(&parent, "Title", "What it is about");
+        tcDialogs::current().information(&parent, "Title", "Error with\n<b>bold</b>.csv");
     QVERIFY(seen);
 }
 
