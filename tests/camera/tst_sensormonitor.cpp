@@ -336,8 +336,7 @@ void tst_SensorMonitor::simulatedReadings()
         least = std::min(least, value);
         most = std::max(most, value);
     }
-    // From the whole range: a thousand draws miss a quarter of it less often than any machine
-    // breaks.
+    // From the whole range: a thousand draws never miss a whole quarter of it.
     QVERIFY(least < 24.0);
     QVERIFY(most > 26.0);
 }
