@@ -389,8 +389,11 @@ void tst_ChartMarkers::markerListDialog()
         QCOMPARE(edit->cursorPosition(), 0); // a long text shows its start
         if (marker.curve())
             QCOMPARE(label->text(), QString("at 23:13:16.000,40.000"));
+        const QwtText before = marker.label();
         edit->setText(QString("text %1").arg(row));
         QCOMPARE(marker.label().text(), QString("text %1").arg(row));
+        QCOMPARE(marker.label().color(), before.color());
+        QCOMPARE(marker.label().font(), before.font());
         QCOMPARE(reported.size(), row + 1);
         QCOMPARE(reported.last().first().toInt(), table.order().indexOf(keys.at(row)));
     }

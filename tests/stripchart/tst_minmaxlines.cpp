@@ -44,6 +44,7 @@ private Q_SLOTS:
     void refreshFromZeroTakesTheSmallest();
     void refreshOfAnEmptyCurveChangesNothing();
     void readingWidensWithoutLabel();
+    void labelOfAFollowingLineWaitsForTheTick();
     void readingOfAnotherCurveWidensToo();
     void readingLeavesHiddenLines();
     void resetWithoutCurveStaysAtTheExtremes();
@@ -178,6 +179,20 @@ void tst_MinMaxLines::readingWidensWithoutLabel()
     QCOMPARE(probe.chart->minMaxLines().minLine().yValue(), 15.0);
     QCOMPARE(probe.chart->minMaxLines().maxLine().yValue(), 40.0);
     QCOMPARE(probe.chart->minMaxLines().minLine().label().text(), before);
+}
+
+void tst_MinMaxLines::labelOfAFollowingLineWaitsForTheTick()
+{
+    tcMarkedChart probe;
+    auto menu = probe.chart->legendMenu(
+        probe.label(probe.a.get())->mapTo(probe.legend, QPoint(5, 5)));
+    menu->actions().at(3)->trigger();
+    probe.chart->updateData(probe.key, 0, probe.now, 55.0);
+    const tcStripMarker& line = probe.chart->minMaxLines().maxLine();
+    QCOMPARE(line.yValue(), 55.0);
+    QCOMPARE(line.label().text(), QString("Max: 40.000"));
+    probe.chart->tick();
+    QCOMPARE(line.label().text(), QString("Max: 55.000"));
 }
 
 void tst_MinMaxLines::readingOfAnotherCurveWidensToo()
