@@ -39,7 +39,7 @@ void tcSessionControl::toggle(bool abOn)
                     .filePath(QStringLiteral("session.log"));
     }
     const QPointer<tcSessionControl> self(this);
-    const QString file = tcDialogs::current().saveFile(
+    const QString file = tcDialogs::current().appendFile(
         mParent, tr("Log Session To"), start, tr("log files (*.log *.txt);; All files (*)"));
     if (!self)
         return;

@@ -66,6 +66,13 @@ QString tcDialogs::saveFile(QWidget* apParent, const QString& acCaption, const Q
                                         acFilter);
 }
 
+QString tcDialogs::appendFile(QWidget* apParent, const QString& acCaption,
+                              const QString& acStart, const QString& acFilter)
+{
+    return QFileDialog::getSaveFileName(apParent, acCaption, withFolderThatIsThere(acStart),
+                                        acFilter, nullptr, QFileDialog::DontConfirmOverwrite);
+}
+
 std::optional<QString> tcDialogs::text(QWidget* apParent, const QString& acTitle,
                                        const QString& acLabel, const QString& acValue)
 {

@@ -35,6 +35,9 @@ public:
                              const QString& acStart, const QString& acFilter);
     virtual QString saveFile(QWidget* apParent, const QString& acCaption,
                              const QString& acStart, const QString& acFilter);
+    /// For a file that keeps what it holds: nobody asks whether it may be replaced.
+    virtual QString appendFile(QWidget* apParent, const QString& acCaption,
+                               const QString& acStart, const QString& acFilter);
     /// Nothing when cancelled, which differs from an empty text.
     virtual std::optional<QString> text(QWidget* apParent, const QString& acTitle,
                                         const QString& acLabel, const QString& acValue);

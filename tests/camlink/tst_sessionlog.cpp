@@ -180,6 +180,7 @@ void tst_SessionLog::appendsToAnEarlierLog()
     file.write("2026-11-20 14:03:07.125 -- before\n");
     file.close();
     startLog();
+    QCOMPARE(mDialogs->asked.at(0).kind, QString("appendFile"));
     QCOMPARE(lines(), (QStringList{"-- before", "-- log started"}));
 }
 

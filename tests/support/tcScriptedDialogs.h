@@ -22,7 +22,7 @@ public:
     tcScriptedDialogs() { install(this); }
     ~tcScriptedDialogs() override { install(nullptr); }
 
-    QString fileAnswer; ///< of openFile and saveFile; empty cancels
+    QString fileAnswer; ///< of all that ask for a file; empty cancels
     std::optional<QString> textAnswer;
     std::optional<int> integerAnswer;
     std::optional<QString> itemAnswer;
@@ -40,6 +40,12 @@ public:
                      const QString& acFilter) override
     {
         note({"saveFile", acCaption, acStart, acFilter});
+        return fileAnswer;
+    }
+    QString appendFile(QWidget*, const QString& acCaption, const QString& acStart,
+                       const QString& acFilter) override
+    {
+        note({"appendFile", acCaption, acStart, acFilter});
         return fileAnswer;
     }
     std::optional<QString> text(QWidget*, const QString& acTitle, const QString& acLabel,

@@ -10,6 +10,7 @@
 #include <QSpinBox>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 #include <QTest>
 #include <QTimer>
 
@@ -44,6 +45,7 @@ private Q_SLOTS:
     void boxes();
     void openFile();
     void saveFile();
+    void fileThatIsAddedToIsNotAskedAboutTwice();
     void documentsFolderThatIsNotThere();
     void cancelledFiles();
     void text();
@@ -130,6 +132,24 @@ void tst_Dialogs::saveFile()
         static_cast<QDialog&>(arDialog).done(QDialog::Accepted);
     });
     QCOMPARE(tcDialogs::current().saveFile(nullptr, "Save", file, "files (*.csv)"), file);
+}
+
+/// "Do you want to replace it?" is no question for a file that keeps what it holds.
+void tst_Dialogs::fileThatIsAddedToIsNotAskedAboutTwice()
+{
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    bool confirmed = true;
+    QFileDialog::AcceptMode mode = QFileDialog::AcceptOpen;
+    answerWith<QFileDialog>([&](QFileDialog& arDialog) {
+        mode = arDialog.acceptMode();
+        confirmed = !arDialog.testOption(QFileDialog::DontConfirmOverwrite);
+        static_cast<QDialog&>(arDialog).done(QDialog::Accepted);
+    });
+    QCOMPARE(tcDialogs::current().appendFile(nullptr, "Log", file.fileName(), "files (*)"),
+             file.fileName());
+    QCOMPARE(mode, QFileDialog::AcceptSave);
+    QVERIFY(!confirmed);
 }
 
 /// Its name would stand there as that of a file to save into.
