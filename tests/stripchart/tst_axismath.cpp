@@ -61,6 +61,7 @@ void tst_AxisMath::valueFit_data()
     QTest::newRow("constant 20, no rounding step") << V{20.0, 20.0} << 19.98 << 20.02 << true;
     QTest::newRow("equal in practice")
         << V{1.0, 1.0 + 4e-13} << 0.999 << (1.0 + 4e-13) * 1.001 << true;
+    QTest::newRow("not quite equal") << V{1.0, 1.0 + 4e-12} << 1.0 << 1.0 + 4e-12 << false;
     QTest::newRow("hardly different") << V{1.0, 1.0 + 1e-10} << 1.0 << 1.0 + 1e-10 << false;
     QTest::newRow("one value") << V{20.0} << 19.98 << 20.02 << true;
     QTest::newRow("all below zero ends at zero") << V{-8.0, -3.0} << -8.0 << 0.0 << false;

@@ -54,6 +54,7 @@ private Q_SLOTS:
     void fitYOfEqualValuesIsLogged();
     void fitsAreNotLoggedUnlessAskedFor();
     void fitX();
+    void fitXIsShownAtOnce();
     void fitXIgnoresTheRightAxis();
     void fitXOfEqualTimesIsLogged();
     void fitXEndsAtTheDataWhenTheSpanChanges();
@@ -78,8 +79,10 @@ void tst_ChartAxes::timeLabels()
     TimeScaleDraw draw;
     QVERIFY(!draw.showMilliseconds());
     QCOMPARE(draw.label(1700000000123.0).text(), QString("23:13:20"));
+    const double width = draw.labelSize(QFont(), 1700000000123.0).width();
     draw.setShowMilliseconds(true);
     QCOMPARE(draw.label(1700000000123.0).text(), QString("23:13:20.123"));
+    QVERIFY(draw.labelSize(QFont(), 1700000000123.0).width() > width); // drawn anew
 }
 
 void tst_ChartAxes::valueLabels()
@@ -87,8 +90,10 @@ void tst_ChartAxes::valueLabels()
     PrecisionScaleDraw draw;
     QCOMPARE(draw.precision(), 3);
     QCOMPARE(draw.label(12.34567).text(), QString("12.346"));
+    const double width = draw.labelSize(QFont(), 12.34567).width();
     draw.setPrecision(2);
     QCOMPARE(draw.label(-0.5).text(), QString("-0.50"));
+    QVERIFY(draw.labelSize(QFont(), 12.34567).width() < width); // drawn anew
 }
 
 void tst_ChartAxes::scaleDrawsOfTheAxes()
@@ -142,6 +147,9 @@ void tst_ChartAxes::boxesApplyTheAxis()
     QCOMPARE(ticks.size(), 11);
     for (int i = 0; i < 11; ++i)
         QCOMPARE(ticks.at(i), from + i * (to - from) / 10.0);
+    // What the minor grid is drawn at: none is left from before.
+    QCOMPARE(probe.plot->axisScaleDiv(plotAxis).ticks(QwtScaleDiv::MinorTick).size(), 40);
+    QVERIFY(probe.plot->axisScaleDiv(plotAxis).ticks(QwtScaleDiv::MediumTick).isEmpty());
     QTEST(precisionOf(probe), "precision");
 }
 
@@ -303,6 +311,25 @@ void tst_ChartAxes::fitX()
     QCOMPARE(gridOf(probe)->xScaleDiv(), probe.plot->axisScaleDiv(QwtPlot::xBottom));
 }
 
+void tst_ChartAxes::fitXIsShownAtOnce()
+{
+    tcChartProbe probe;
+    const auto a = probe.curve("A");
+    probe.chart->addCurve(a.get());
+    a->addSample(1000000, 1.0);
+    a->addSample(2000000, 1.0);
+    probe.action("actionAutoScale_X")->trigger();
+    probe.show();
+    probe.settle();
+    a->clear();
+    a->addSample(1500000, 1.0);
+    a->addSample(2500000, 1.0); // as wide as before: the span box has nothing to tell
+    tcPaintCounter counter(probe.plot->canvas());
+    probe.action("actionAutoScale_X")->trigger();
+    QCOMPARE(probe.shown(QwtPlot::xBottom), QwtInterval(1500000.0, 2500000.0));
+    QTRY_VERIFY(counter.count > 0);
+}
+
 void tst_ChartAxes::fitXIgnoresTheRightAxis()
 {
     tcChartProbe probe;
@@ -415,6 +442,7 @@ void tst_ChartAxes::showXAxisTogglesTheLabels()
 {
     tcChartProbe probe;
     probe.show();
+    probe.settle();
     auto* draw = probe.plot->axisScaleDraw(QwtPlot::xBottom);
     const int withLabels = probe.plot->axisWidget(QwtPlot::xBottom)->height();
     probe.child<QToolButton>("toolButton_showX")->click();
@@ -430,10 +458,14 @@ void tst_ChartAxes::showXAxisTogglesTheLabels()
 void tst_ChartAxes::showMsTogglesMilliseconds()
 {
     tcChartProbe probe;
+    probe.show();
+    probe.settle();
     auto* draw = static_cast<TimeScaleDraw*>(probe.plot->axisScaleDraw(QwtPlot::xBottom));
+    const int withoutMs = probe.plot->axisWidget(QwtPlot::xBottom)->height();
     probe.action("actionShow_ms")->setChecked(true);
     QVERIFY(draw->showMilliseconds());
     QVERIFY(probe.child<QToolButton>("toolButton_showMs")->isChecked());
+    QTRY_VERIFY(probe.plot->axisWidget(QwtPlot::xBottom)->height() > withoutMs);
     probe.child<QToolButton>("toolButton_showMs")->click();
     QVERIFY(!draw->showMilliseconds());
     QVERIFY(!probe.action("actionShow_ms")->isChecked());

@@ -118,6 +118,7 @@ private Q_SLOTS:
     void altClickGoesNoFurther();
     void plainClickAsksForNone();
     void rightPressOverAMarkerOpensItsMenuOnly();
+    void otherPressesOverAMarkerOpenNoMenu();
     void rightPressElsewhereOpensThePlotMenu();
     void deletingTheMarkerFromItsMenu();
     void chartDestroyedWhileMarkerMenuIsOpen();
@@ -140,6 +141,7 @@ private Q_SLOTS:
     void wheelWorksOnTheRightAxisWhenEnabled();
     void panByNothing();
     void panByPixels();
+    void panByPixelsOfTime();
     void panReplotsOnce();
     void panKeepsWhetherThePlotReplotsItself();
     void wheelStopsBeforeNumbersEnd();
@@ -231,6 +233,16 @@ void tst_ChartTools::rightPressOverAMarkerOpensItsMenuOnly()
     QCOMPARE(menu->actions().first()->text(), QString("Delete Marker \"hot\""));
     QCOMPARE(plotMenus.size(), 0);
     menu->close();
+}
+
+void tst_ChartTools::otherPressesOverAMarkerOpenNoMenu()
+{
+    tcToolChart probe;
+    probe.chart->markerRequest({120, 80});
+    for (const auto button : {Qt::LeftButton, Qt::MiddleButton}) {
+        QTest::mouseClick(probe.canvas(), button, {}, {120, 80});
+        QVERIFY(!openMenu());
+    }
 }
 
 void tst_ChartTools::rightPressElsewhereOpensThePlotMenu()
@@ -498,6 +510,20 @@ void tst_ChartTools::panByPixels()
     magnifier->pan(3, 10);
     QVERIFY(std::abs(probe.shown(QwtPlot::yLeft).minValue() - 10.0 * perPixel) < 1e-6);
     QVERIFY(std::abs(probe.shown(QwtPlot::yLeft).width() - 100.0) < 1e-6);
+}
+
+void tst_ChartTools::panByPixelsOfTime()
+{
+    tcToolChart probe;
+    auto* magnifier = probe.canvas()->findChild<tcStripMagnifier*>();
+    magnifier->setAxisEnabled(QwtPlot::xBottom, true);
+    const QwtInterval times = probe.shown(QwtPlot::xBottom);
+    const double perPixel = probe.plot->invTransform(QwtPlot::xBottom, 1.0)
+        - probe.plot->invTransform(QwtPlot::xBottom, 0.0);
+    magnifier->pan(20, 0);
+    const double way = times.minValue() - probe.shown(QwtPlot::xBottom).minValue();
+    QVERIFY(std::abs(way - 20.0 * perPixel) < 0.1);
+    QCOMPARE(probe.shown(QwtPlot::yLeft), QwtInterval(0.0, 100.0));
 }
 
 void tst_ChartTools::panReplotsOnce()
