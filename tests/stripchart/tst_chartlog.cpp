@@ -2,6 +2,7 @@
 
 #include "stripchart/logic/tcChartNames.h"
 #include "stripchart/tcMarkerTable.h"
+#include "stripchart/tcStripMarker.h"
 
 #include <QDir>
 #include <QTimer>
@@ -32,6 +33,7 @@ private Q_SLOTS:
 
     void asksForFileAndDuration()
     {
+        const QDateTime before = QDateTime::currentDateTime().addSecs(-1);
         start("log.csv");
         QCOMPARE(mProbe->dialogs.asked.size(), 2);
         const auto& file = mProbe->dialogs.asked.at(0);
@@ -40,8 +42,9 @@ private Q_SLOTS:
         QCOMPARE(file.detail, QString("csv files (*.csv);; Text file (*.txt)"));
         const QString head = tcFilesProbe::documents() + "/Cam_1_T_chart_log_";
         QVERIFY2(file.text.startsWith(head), qPrintable(file.text));
-        const QRegularExpression time("^\\d{8}_\\d{6}\\.csv$");
-        QVERIFY(time.match(file.text.mid(head.size())).hasMatch());
+        const auto time
+            = QDateTime::fromString(file.text.mid(head.size()), "yyyyMMdd_HHmmss'.csv'");
+        QVERIFY2(time >= before && time <= QDateTime::currentDateTime(), qPrintable(file.text));
         const auto& minutes = mProbe->dialogs.asked.at(1);
         QCOMPARE(minutes.kind, QString("integer"));
         QCOMPARE(minutes.title, QString("Log Duration"));
@@ -264,6 +267,34 @@ private Q_SLOTS:
         QVERIFY(QFileInfo(mProbe->path("log.csv")).isFile());
         QCOMPARE(mProbe->asked("warning").size(), 0);
         QCOMPARE(messages.list().size(), 1); // of the start
+    }
+
+    void markersGoWhereAFolderStandsInPlaceOfTheLog()
+    {
+#ifdef Q_OS_WIN
+        QSKIP("an open file can't be deleted here");
+#endif
+        start("log.csv");
+        chart().tick();
+        QVERIFY(QFile::remove(mProbe->path("log.csv")));
+        QVERIFY(QDir().mkdir(mProbe->path("log.csv")));
+        const auto add = [this](double anX, const char* apText) {
+            auto marker = std::make_unique<tcStripPointMarker>(QString());
+            marker->setValue(anX, 21.5);
+            marker->setLabel(QwtText(apText));
+            return chart().markers().add(std::move(marker));
+        };
+        add(1000, "hot");
+        chart().markers().remove(add(2000, "gone before the tick"));
+        add(3000, "cold");
+        chart().tick();
+        chart().tick();
+        const QByteArray first("#MARKER,1000.000,21.500,hot\n#MARKER,3000.000,21.500,cold\n");
+        QCOMPARE(mProbe->content("log.csv/log_meta.txt"), first);
+        add(2000, "later");
+        chart().tick();
+        QCOMPARE(mProbe->content("log.csv/log_meta.txt"),
+                 first + "#MARKER,2000.000,21.500,later\n");
     }
 
     void refusedWritesAreShownOnceAndMadeUpFor()

@@ -427,6 +427,15 @@ private Q_SLOTS:
 
     // ---- markers of a loaded file
 
+    void spanOfTheLiveWindowComesBackWithIt()
+    {
+        chart().setSpanMs(7000); // which no box tells
+        chart().loadCsvFile(mProbe->put("file.csv", "t,X\n5000,1\n65000,2\n"));
+        mProbe->action("actionResume_Feed")->trigger();
+        chart().tick();
+        QCOMPARE(mProbe->shown(QwtPlot::xBottom).width(), 7000.0);
+    }
+
     void markersOfAFileComeAndGoWithIt()
     {
         auto own = std::make_unique<tcStripPointMarker>(QString());
