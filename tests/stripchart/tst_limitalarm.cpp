@@ -1,3 +1,4 @@
+#include "stripchart/tcLimitAlarm.h"
 #include "stripchart/tcLimitsDialog.h"
 #include "stripchart/tcStripLegend.h"
 #include "tests/stripchart/tcChartProbe.h"
@@ -5,6 +6,7 @@
 #include <QCheckBox>
 #include <QPointer>
 #include <QSignalSpy>
+#include <QTemporaryFile>
 #include <QtTest>
 
 namespace
@@ -66,6 +68,8 @@ private Q_SLOTS:
     void backWithinItsLimits();
     void newestReadingIsJudgedAtOnce();
     void switchedOff();
+    void nothingRunsWithoutLimits();
+    void readingsOfALoadedFileAreNotWatched();
     void curveOfTheNextStart();
     void renamedCurveTakesItsLimitsAlong();
     void curveGoesWhileTheDialogIsOpen();
@@ -163,6 +167,35 @@ void tst_LimitAlarm::switchedOff()
     probe.named<QCheckBox>("Watch the upper limit of A")->setChecked(false);
     QVERIFY(!probe.isColoured());
     QCOMPARE(probe.told.size(), before);
+}
+
+void tst_LimitAlarm::nothingRunsWithoutLimits()
+{
+    tcWatchedChart probe;
+    int looks = 0;
+    tcLimitAlarm alarm(*probe.plot, *probe.legend, [&looks] { return ++looks > 0; });
+    alarm.setLimits("A", {std::nullopt, 30.0});
+    QTRY_VERIFY(looks >= 2);
+    alarm.setLimits("A", {});
+    looks = 0;
+    QTest::qWait(600);
+    QCOMPARE(looks, 0);
+}
+
+void tst_LimitAlarm::readingsOfALoadedFileAreNotWatched()
+{
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    file.write("t,A\n5000,40\n");
+    file.close();
+    tcWatchedChart probe;
+    probe.setUpper(30.0);
+    probe.chart->loadCsvFile(file.fileName());
+    QCOMPARE(probe.chart->curves().size(), 1);
+    probe.chart->updateData(probe.key, 0, probe.cNow, 31.0); // goes on behind the file
+    QTRY_VERIFY(!probe.told.isEmpty());
+    QCOMPARE(probe.told.size(), 1);
+    QVERIFY(probe.lastTold().startsWith(QLatin1String("A: 31.000 is above")));
 }
 
 void tst_LimitAlarm::curveOfTheNextStart()

@@ -69,6 +69,8 @@ private Q_SLOTS:
     void middleClickMovesNothing();
     void middleClickStillZoomsOneStepBack();
     void middleDragIsNoZoomStep();
+    void noMoveInTheMiddleOfAFrame();
+    void lostReleaseEndsTheMove();
     void arrowKeysMoveATenth_data();
     void arrowKeysMoveATenth();
     void arrowKeyWithModifierIsNotOurs();
@@ -140,6 +142,35 @@ void tst_Panning::middleDragIsNoZoomStep()
     probe.zoom();
     probe.drag({200, 100}, {260, 140});
     QCOMPARE(probe.zoomer()->zoomRectIndex(), 1u);
+}
+
+void tst_Panning::noMoveInTheMiddleOfAFrame()
+{
+    tcMovedChart probe;
+    probe.press({100, 100}, Qt::LeftButton);
+    const auto both = Qt::LeftButton | Qt::MiddleButton;
+    QMouseEvent second(QEvent::MouseButtonPress, QPoint(200, 150), Qt::MiddleButton, both,
+                       Qt::NoModifier);
+    QApplication::sendEvent(probe.canvas(), &second);
+    probe.move({260, 190}, both);
+    const QwtInterval times = probe.shown(QwtPlot::xBottom);
+    const bool moved = probe.follow()->isEnabled();
+    for (const auto button : {Qt::MiddleButton, Qt::LeftButton})
+        QTest::mouseRelease(probe.canvas(), button, {}, {260, 190});
+    QCOMPARE(times, probe.live);
+    QVERIFY(!moved);
+}
+
+// Where the pointer left the program in between, nobody tells of the release.
+void tst_Panning::lostReleaseEndsTheMove()
+{
+    tcMovedChart probe;
+    probe.canvas()->setMouseTracking(true); // as the measuring cursors do
+    probe.press({200, 100});
+    probe.move({260, 140}, Qt::NoButton);
+    QTest::mouseRelease(probe.canvas(), Qt::MiddleButton, {}, {260, 140});
+    QCOMPARE(probe.shown(QwtPlot::xBottom), probe.live);
+    QVERIFY(!probe.follow()->isEnabled());
 }
 
 void tst_Panning::arrowKeysMoveATenth_data()
