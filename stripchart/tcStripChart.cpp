@@ -145,6 +145,11 @@ void tcStripChart::setYRange(int axis, double from, double to)
     mAxes->setYRange(axis, from, to);
 }
 
+void tcStripChart::autoscaleY(int axis, const tcStripCurve* apCurve)
+{
+    mAxes->fitY(axis, apCurve);
+}
+
 void tcStripChart::setXRange(double from, double to)
 {
     mAxes->setXRange(from, to);

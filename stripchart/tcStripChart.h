@@ -72,6 +72,9 @@ public:
     /// Shows [from, to] on the left (0) or right (1) axis, which becomes visible, and in its
     /// boxes. A range whose end is not above its start is ignored, here and below.
     void setYRange(int axis, double from, double to);
+    /// Fits the left (0) or right (1) axis to the curve, or without one to all visible curves
+    /// on it. A curve that is hidden or on the other axis changes nothing.
+    void autoscaleY(int axis, const tcStripCurve* apCurve = nullptr);
     void setXRange(double from, double to); ///< ms since the epoch
     void setSpanMs(qint64 anSpanMs);        ///< of the scrolling window; 0 stops the scrolling
 

@@ -62,7 +62,7 @@ void tcStripChart::connectLegend()
             &tcStripChart::resetMinMax);
     connect(mLegend.get(), &tcLegendControl::autoscaleWanted, this,
             [this](tcStripCurve* apCurve) {
-                mAxes->fitY(apCurve->yAxis() == QwtPlot::yRight ? 1 : 0, apCurve);
+                autoscaleY(apCurve->yAxis() == QwtPlot::yRight ? 1 : 0, apCurve);
             });
     connect(mForm->actionShow_Min_Max_Markers, &QAction::toggled, this,
             &tcStripChart::showMinMax);

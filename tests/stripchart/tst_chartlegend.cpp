@@ -27,6 +27,7 @@ private Q_SLOTS:
     void minMaxFromTheLegend();
     void resetMinMaxFromTheLegend();
     void autoscaleFromTheLegend();
+    void autoscaleOfOneCurve();
     void renameChangesTheLegend();
     void renameToNothingIsIgnored();
     void renamedCurveKeepsItsCheckMark();
@@ -176,6 +177,24 @@ void tst_ChartLegend::autoscaleFromTheLegend()
     probe.chart->assignAxis(probe.b.get(), 1);
     entry(*probe.menuOf(probe.b.get()), "Autoscale for B")->trigger();
     QCOMPARE(probe.shown(QwtPlot::yRight), QwtInterval(0.0, 50.0));
+}
+
+void tst_ChartLegend::autoscaleOfOneCurve()
+{
+    tcThreeCurves probe;
+    probe.a->addSample(1000, 3.2);
+    probe.a->addSample(1000, 47.9);
+    probe.b->addSample(1000, 95.0);
+    probe.chart->autoscaleY(0, probe.a.get());
+    QCOMPARE(probe.shown(QwtPlot::yLeft), QwtInterval(0.0, 50.0));
+    probe.chart->autoscaleY(0);
+    QCOMPARE(probe.shown(QwtPlot::yLeft), QwtInterval(0.0, 100.0));
+    const QwtInterval right = probe.shown(QwtPlot::yRight);
+    probe.chart->autoscaleY(1, probe.a.get()); // which is on the other axis
+    QCOMPARE(probe.shown(QwtPlot::yRight), right);
+    probe.a->setVisible(false);
+    probe.chart->autoscaleY(0, probe.a.get());
+    QCOMPARE(probe.shown(QwtPlot::yLeft), QwtInterval(0.0, 100.0));
 }
 
 void tst_ChartLegend::renameChangesTheLegend()
