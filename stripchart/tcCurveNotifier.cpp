@@ -7,6 +7,8 @@ tcCurveNotifier::tcCurveNotifier(std::function<void()> acAction) : mAction(std::
 {
     if (QCoreApplication::instance())
         moveToThread(QCoreApplication::instance()->thread());
+    connect(this, &tcCurveNotifier::changedElsewhere, this, &tcCurveNotifier::deliver,
+            Qt::QueuedConnection);
 }
 
 void tcCurveNotifier::notify()
@@ -14,7 +16,7 @@ void tcCurveNotifier::notify()
     if (QThread::currentThread() == thread())
         mAction();
     else if (!mPending.exchange(true))
-        QMetaObject::invokeMethod(this, &tcCurveNotifier::deliver, Qt::QueuedConnection);
+        Q_EMIT changedElsewhere();
 }
 
 void tcCurveNotifier::deliver()

@@ -17,6 +17,9 @@ public:
 
     void notify(); ///< from any thread, with no lock held
 
+Q_SIGNALS:
+    void changedElsewhere(); ///< from another thread than the GUI's
+
 private:
     void deliver();
 
