@@ -200,6 +200,7 @@ void tst_LedIndicator::everyChangeRepaints_data()
     row("state", [](LedIndicator& arLed) { arLed.setState(true); });
     row("off colour", [](LedIndicator& arLed) { arLed.setOffColor(Qt::gray); });
     row("size", [](LedIndicator& arLed) { arLed.setLedSize(8); });
+    row("size of the circle alone", [](LedIndicator& arLed) { arLed.setLedSize(18); });
 }
 
 void tst_LedIndicator::everyChangeRepaints()
