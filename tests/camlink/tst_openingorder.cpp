@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 #include <QStackedWidget>
 #include <QTest>
+#include <QTranslator>
 
 #include <memory>
 
@@ -30,6 +31,19 @@ private:
     QStringList& mHeard;
 };
 
+/// Another language, of two words.
+class tcTwoWords : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char*, const char* acText, const char*, int) const override
+    {
+        if (qstrcmp(acText, "Open") == 0)
+            return QStringLiteral("auf");
+        return qstrcmp(acText, "Close") == 0 ? QStringLiteral("zu") : QString();
+    }
+};
+
 } // namespace
 
 /// Who hears of a port first while it opens and closes, over the scripted serial library.
@@ -43,6 +57,7 @@ private Q_SLOTS:
 
     void portIsThereBeforeThePanelAndGoneAfterIt();
     void pageThatIsNoPanelOpensAllTheSame();
+    void buttonOpensAndClosesInAnyLanguage();
 
 private:
     template <class T>
@@ -106,6 +121,22 @@ void tst_OpeningOrder::pageThatIsNoPanelOpensAllTheSame()
     button()->click();
     QCOMPARE(mFake.openRefs(), 0);
     QCOMPARE(opened.count(), 2);
+}
+
+/// The button's text tells what it does.
+void tst_OpeningOrder::buttonOpensAndClosesInAnyLanguage()
+{
+    tcTwoWords words; // taken away by its end
+    QVERIFY(QCoreApplication::installTranslator(&words));
+    mChooser = std::make_unique<tcCamlinkControl>();
+    for (int turn = 0; turn < 2; ++turn) {
+        QCOMPARE(button()->text(), QString("auf"));
+        button()->click();
+        QCOMPARE(mFake.openRefs(), 1);
+        QCOMPARE(button()->text(), QString("zu"));
+        button()->click();
+        QCOMPARE(mFake.openRefs(), 0);
+    }
 }
 
 QTEST_MAIN(tst_OpeningOrder)
