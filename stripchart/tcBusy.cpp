@@ -1,5 +1,6 @@
 #include "stripchart/tcBusy.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QLabel>
 #include <QProgressDialog>
@@ -9,6 +10,16 @@ namespace
 {
 
 constexpr int cSteps = 1000;
+
+/// All of them, the operator's input too. A timer that lets others work without that input, as
+/// reading a camera's line does, leaves the rest of the round without it, and what has come
+/// from the window system by then asleep. Hence another round, woken.
+void runEvents()
+{
+    QApplication::processEvents();
+    QAbstractEventDispatcher::instance()->wakeUp();
+    QApplication::processEvents();
+}
 
 } // namespace
 
@@ -36,7 +47,7 @@ bool tcBusy::step(qint64 anDone, qint64 anTotal)
     if (mDialog) {
         mDialog->setMaximum(anTotal > 0 ? cSteps : 0);
         mDialog->setValue(anTotal > 0 ? static_cast<int>(anDone * cSteps / anTotal) : 0);
-        QApplication::processEvents();
+        runEvents();
     } else {
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     }
