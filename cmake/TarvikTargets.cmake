@@ -57,6 +57,7 @@ function(tarvik_test name)
     set_target_properties(${name} PROPERTIES AUTOMOC ON
                           RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests/bin")
     target_link_libraries(${name} PRIVATE tarvik_options Qt5::Test ${arg_LINK})
+    target_compile_options(${name} PRIVATE -include "${CMAKE_SOURCE_DIR}/tests/support/tcPatience.h")
     if("clallserial" IN_LIST arg_LINK OR "Clallserial::Clallserial" IN_LIST arg_LINK)
         set_target_properties(${name} PROPERTIES TARVIK_SERIAL_LIBRARY Clallserial::Clallserial)
     endif()

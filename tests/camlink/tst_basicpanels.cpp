@@ -354,7 +354,6 @@ int tst_BasicPanels::readsOfOneDrain(const QByteArray& acWaiting)
 /// Whether it is that often where the machine does not stop in the middle of one, as it may.
 bool tst_BasicPanels::oneDrainReads(int anTimes, const QByteArray& acWaiting)
 {
-    constexpr int cPatienceMs = 30000;
     return QTest::qWaitFor([&] { return readsOfOneDrain(acWaiting) == anTimes; }, cPatienceMs);
 }
 

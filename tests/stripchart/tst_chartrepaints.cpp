@@ -50,7 +50,7 @@ private:
     {
         tcPaintCounter counter(arProbe.plot->canvas());
         acAct();
-        return QTest::qWaitFor([&counter] { return counter.count > 0; }, 3000);
+        return QTest::qWaitFor([&counter] { return counter.count > 0; }, cPatienceMs);
     }
 };
 

@@ -2,6 +2,7 @@
 #include "tests/stripchart/tcChartProbe.h"
 
 #include <QAbstractEventDispatcher>
+#include <QScopeGuard>
 #include <QtTest>
 #include <qwt_plot_grid.h>
 #include <qwt_scale_draw.h>
@@ -170,8 +171,8 @@ void tst_ChartUpdates::readingsOfOtherThreadsArrive()
             std::this_thread::yield();
         }
     });
+    const auto ended = qScopeGuard([&source] { source.join(); });
     QTRY_COMPARE(a->dataSize(), std::size_t(300));
-    source.join();
     QVERIFY(!probe.chart->grab().isNull());
 }
 
