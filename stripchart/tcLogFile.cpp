@@ -7,12 +7,33 @@
 namespace
 {
 
-bool endsInTheMiddleOfALine(const QString& acPath)
+constexpr qint64 cLongestTail = 512; ///< more than any number takes
+
+/// Whether a value of three decimals, as logs have them, was cut short.
+bool isCutValue(const QByteArray& acText)
+{
+    if (acText.isEmpty() || acText == "nan" || acText == "inf" || acText == "-inf")
+        return false;
+    return acText.size() < 5 || acText.at(acText.size() - 4) != '.';
+}
+
+/// What makes the rest of a line that was torn a line of its own, and a value that was cut
+/// short no number: "2" of 2470.750 would be a reading that nobody took.
+QByteArray endOfTornLine(const QString& acPath)
 {
     QFile file(acPath);
     if (!file.open(QIODevice::ReadOnly) || file.size() == 0)
-        return false;
-    return file.seek(file.size() - 1) && file.read(1) != "\n";
+        return {};
+    file.seek(qMax<qint64>(0, file.size() - cLongestTail));
+    const QByteArray tail = file.read(cLongestTail);
+    if (tail.endsWith('\n'))
+        return {};
+    file.seek(0);
+    while (!file.atEnd() && !file.readLine(cLongestTail).endsWith('\n')) { }
+    const bool header = file.atEnd();
+    const int comma = tail.lastIndexOf(',');
+    const bool value = !header && comma > tail.lastIndexOf('\n');
+    return value && isCutValue(tail.mid(comma + 1)) ? "?\n" : "\n";
 }
 
 } // namespace
@@ -25,7 +46,7 @@ bool tcLogFile::open()
     if (mRefused
         || !mFile.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
         return false;
-    mTorn = endsInTheMiddleOfALine(mFile.fileName());
+    mMending = endOfTornLine(mFile.fileName());
     return true;
 }
 
@@ -58,9 +79,9 @@ bool tcLogFile::isEmpty() const
 
 bool tcLogFile::write(const QByteArray& acLines, qint64 anNow)
 {
-    if (mTorn && !acLines.isEmpty()) {
-        mWaiting += '\n';
-        mTorn = false;
+    if (!acLines.isEmpty()) {
+        mWaiting += mMending;
+        mMending.clear();
     }
     mWaiting += acLines;
     const bool handed = handOver();

@@ -4,7 +4,8 @@
 
 /// A file that lines are added to for days. Each line gets there once, whatever fails on the
 /// way: what the disk refuses is kept and offered again, a line that was cut short is taken
-/// back first, and a last line torn by an earlier end is left alone on a line of its own.
+/// back first, and a last line torn by an earlier end is left alone on a line of its own, with
+/// a question mark behind a value that was cut short.
 class tcLogFile
 {
 public:
@@ -50,6 +51,6 @@ private:
     QByteArray mWaiting;
     qint64 mSyncedAt = 0;
     bool mRefused = false; ///< as something that is no file
-    bool mTorn = false;    ///< the file ends in the middle of a line
+    QByteArray mMending;   ///< what comes before the next lines
     bool mUnsynced = false;
 };

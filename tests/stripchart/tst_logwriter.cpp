@@ -7,6 +7,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <cmath>
+
 #ifdef Q_OS_LINUX
 #include "tests/support/tcSizeLimit.h"
 #endif
@@ -156,7 +158,50 @@ private Q_SLOTS:
         QCOMPARE(content(), QByteArray("TimeStamp,A,B,\n1000,1.0"));
         mA->addSample(2000, 2);
         QVERIFY(log.write(both(), mNow));
-        QCOMPARE(content(), QByteArray("TimeStamp,A,B,\n1000,1.0\n2000,2.000,\n"));
+        QCOMPARE(content(), QByteArray("TimeStamp,A,B,\n1000,1.0?\n2000,2.000,\n"));
+    }
+
+    void lineTornAnywhereGivesNoReadingThatNobodyTook()
+    {
+        const QByteArray header("TimeStamp,A,B,\n");
+        const QByteArray whole = header + "1000,2470.750,nan\n2000,-12.500,1.000";
+        for (int cut = header.size(); cut <= whole.size(); ++cut) {
+            put(whole.left(cut));
+            tcLogWriter log(path());
+            QVERIFY(log.open());
+            mA->clear();
+            mA->addSample(3000, 3);
+            QVERIFY(log.write(both(), mNow));
+            QFile file(path());
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            tcCsvReader reader(file);
+            QVERIFY(reader.readHeader() && reader.readRows());
+            for (size_t column : {0, 1}) {
+                const tcColumnView read = reader.samples(column);
+                for (qint64 i = 0; i < read.count; ++i) {
+                    const double value = read.values[i];
+                    const bool taken = column == 0
+                        ? value == 2470.75 || value == -12.5 || value == 3
+                        : std::isnan(value) || value == 1;
+                    QVERIFY2(taken, content().constData());
+                }
+            }
+            // What is whole is there: each field up to the cut, and the new line.
+            const QByteArray rest = whole.left(cut);
+            QCOMPARE(reader.samples(0).count,
+                     1 + rest.count("2470.750") + rest.count("-12.500"));
+            QCOMPARE(reader.samples(1).count, rest.count("nan") + rest.count("1.000"));
+        }
+    }
+
+    void tornHeaderIsNoValue()
+    {
+        put("TimeStamp,A,1");
+        mA->addSample(1000, 1);
+        tcLogWriter log(path());
+        QVERIFY(log.open());
+        QVERIFY(log.write(both(), mNow));
+        QVERIFY(content().startsWith("TimeStamp,A,1\n"));
     }
 
     void emptiedFileGetsAHeaderAgain()
