@@ -13,12 +13,13 @@ constexpr int cSteps = 1000;
 
 /// All of them, the operator's input too. A timer that lets others work without that input, as
 /// reading a camera's line does, leaves the rest of the round without it, and what has come
-/// from the window system by then asleep. Hence another round, woken.
+/// from the window system by then asleep. Hence another round, woken, and without timers: one
+/// that takes longer than its interval would be due again and be first again.
 void runEvents()
 {
     QApplication::processEvents();
     QAbstractEventDispatcher::instance()->wakeUp();
-    QApplication::processEvents();
+    QApplication::processEvents(QEventLoop::X11ExcludeTimers);
 }
 
 } // namespace
