@@ -1,5 +1,5 @@
-// Long work of the chart, on a display: Qt holds back the keys that come from there in ways that
-// input made within a program never meets.
+// Long work of the chart, on a display: Qt holds back the keys that come from there in ways
+// that input made within a program never meets.
 #include "tests/support/tcSystemTest.h"
 
 #include <QDeadlineTimer>
