@@ -111,8 +111,13 @@ bool tcOperator::hasLoaded(const QString& acLibrary) const
 
 int tcOperator::close()
 {
-    mScreen.tool({"windowactivate", "--sync", mWindow});
-    keys({"alt+F4"});
+    for (int attempt = 0; attempt < cAttempts && isRunning(); ++attempt) {
+        if (attempt > 0)
+            qWarning("The window has not gone; closing it once more");
+        mScreen.tool({"windowactivate", "--sync", mWindow});
+        keys({"alt+F4"});
+        mProgram.waitForFinished(cExitLimitMs / cAttempts);
+    }
     return waitForExit();
 }
 
