@@ -53,6 +53,12 @@ private:
 namespace
 {
 
+#ifdef Q_OS_WIN
+constexpr int cMadeBySystem = 1; ///< Shift+F10
+#else
+constexpr int cMadeBySystem = 0;
+#endif
+
 /// What each key stands for.
 using tcKeys = QMultiMap<QString, QString>;
 
@@ -242,7 +248,8 @@ void tst_Keys::panels_data()
     for (const QString& language : qAsConst(all)) {
         for (const char* camera : {"Vexa-K50", "Vexa-R60", "Vexa-R70"})
             QTest::addRow("%s %s", camera, qPrintable(language))
-                << language << camera << (QByteArray(camera) == "Vexa-K50" ? 11 : 8);
+                << language << camera
+                << (QByteArray(camera) == "Vexa-K50" ? 11 : 8) - cMadeBySystem;
     }
 }
 
@@ -253,7 +260,8 @@ void tst_Keys::panels()
     openWindow(language, camera);
     const tcKeys keys = keysOf(*mWindow);
     QCOMPARE(givenTwice(keys), QString());
-    // F10, Shift+F10, Ctrl+O, F5, Ctrl+Return and three to find; a full panel has three more.
+    // F10, Shift+F10 where the system does not make it, Ctrl+O, F5, Ctrl+Return and three to
+    // find; a full panel has three more.
     QTEST(static_cast<int>(keys.size()), "keys");
     for (const QAction* title : mWindow->menuBar()->actions())
         checkMenu(*title->menu());
