@@ -79,11 +79,11 @@ bool tcLogFile::isEmpty() const
 
 bool tcLogFile::write(const QByteArray& acLines, qint64 anNow)
 {
-    if (!acLines.isEmpty()) {
-        mWaiting += mMending;
+    mWaiting += acLines;
+    if (!mWaiting.isEmpty()) {
+        mWaiting.prepend(mMending); // also before lines that waited for another file
         mMending.clear();
     }
-    mWaiting += acLines;
     const bool handed = handOver();
     return sync(anNow) && handed;
 }

@@ -320,6 +320,24 @@ private Q_SLOTS:
         QVERIFY(log.write(both(), mNow));
         QCOMPARE(content(), QByteArray("TimeStamp,A,B,\n2000,,2.000\n3000,3.000,\n"));
     }
+
+    void rowsThatWaitedForAFullDiskComeBelowATornLine()
+    {
+        tcLogWriter log(path());
+        QVERIFY(log.open());
+        mA->addSample(1000, 1);
+        QVERIFY(log.write(both(), mNow));
+        {
+            const tcSizeLimit full(0);
+            mA->addSample(2000, 2);
+            QVERIFY(!log.write(both(), mNow));
+        }
+        QVERIFY(QFile::remove(path()));
+        put("TimeStamp,A,B,\n1000,247");
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("was gone and is opened anew"));
+        QVERIFY(log.write(both(), mNow));
+        QCOMPARE(content(), QByteArray("TimeStamp,A,B,\n1000,247?\n2000,2.000,\n"));
+    }
 #endif
 
     void curveThatComesLaterGetsAColumnBehindTheOthers()
