@@ -1,5 +1,6 @@
 #include "sources/tcDeviceWorker.h"
 #include "tests/sources/tcGate.h"
+#include "tests/sources/tcPlainSource.h"
 #include "tests/sources/tcReceived.h"
 
 #include <QThreadPool>
@@ -46,16 +47,6 @@ void runUntilStopped(tcWorkerLink& arLink)
         arLink.pause(1000);
     arLink.setFinished();
 }
-
-class tcPlainSource : public tcDataSource
-{
-public:
-    QStringList availableChannels() override { return {}; }
-    QString displayName() override { return {}; }
-    QString typeName() override { return {}; }
-    void start() override { }
-    void stop() override { }
-};
 
 tcGate& occupants()
 {

@@ -3,6 +3,7 @@
 #include "sources/tcOmegaTempMonitor.h"
 #include "tests/sources/tcCaughtLog.h"
 #include "tests/sources/tcHangingPort.h"
+#include "tests/sources/tcPlainSource.h"
 #include "tests/sources/tcReceived.h"
 
 #include <QDateTime>
@@ -24,16 +25,6 @@ QString port(const tcOmegaSim& acSim)
     return QString::fromStdString(acSim.portName());
 }
 
-class tcEmitter : public tcDataSource
-{
-public:
-    QStringList availableChannels() override { return {}; }
-    QString displayName() override { return {}; }
-    QString typeName() override { return {}; }
-    void start() override { }
-    void stop() override { }
-};
-
 /// A worker that begins to ask at once, for tests of what follows.
 struct tcQuickWorker
 {
@@ -50,7 +41,7 @@ struct tcQuickWorker
         worker->stop();
     }
 
-    tcEmitter source;
+    tcPlainSource source;
     tcReceived received;
     std::shared_ptr<tcOmegaMonWorker> worker;
 };
@@ -160,13 +151,13 @@ void tst_OmegaTempMonitor::lineIsSetUp()
 
 void tst_OmegaTempMonitor::poolNeverDeletesTheWorker()
 {
-    tcEmitter source;
+    tcPlainSource source;
     QVERIFY(!tcOmegaMonWorker(&source, "COM3").autoDelete());
 }
 
 void tst_OmegaTempMonitor::workerBeginsToAskAfterASecondUnlessTold()
 {
-    tcEmitter source;
+    tcPlainSource source;
     QCOMPARE(tcOmegaMonWorker(&source, "COM3").pollIntervalMs(), qint64(1000));
     QCOMPARE(tcOmegaMonWorker(&source, "COM3", 250).pollIntervalMs(), qint64(250));
 }
@@ -278,7 +269,7 @@ void tst_OmegaTempMonitor::splitReplyIsLost()
     sim.command("split 3 200");
     QSerialPort line(port(sim));
     QVERIFY(line.open(QIODevice::ReadWrite));
-    tcEmitter source;
+    tcPlainSource source;
     const tcReceived received(&source);
     tcWorkerLink link;
     link.setSource(0, &source);
@@ -299,7 +290,7 @@ void tst_OmegaTempMonitor::onlyTheFirstLineOfAPortionIsRead()
     sim.command("temp 5");
     QSerialPort line(port(sim));
     QVERIFY(line.open(QIODevice::ReadWrite));
-    tcEmitter source;
+    tcPlainSource source;
     const tcReceived received(&source);
     tcWorkerLink link;
     link.setSource(0, &source);
@@ -400,7 +391,7 @@ void tst_OmegaTempMonitor::incompleteWriteEndsTheLoop()
     tcOmegaSim sim;
     QSerialPort line(port(sim));
     QVERIFY(line.open(QIODevice::ReadOnly));
-    tcEmitter source;
+    tcPlainSource source;
     const tcReceived received(&source);
     tcWorkerLink link;
     link.setSource(0, &source);
@@ -445,7 +436,7 @@ void tst_OmegaTempMonitor::talkativeThermometerDoesNotFillBuffers()
     sim.command("flood 400");
     QSerialPort line(port(sim));
     QVERIFY(line.open(QIODevice::ReadWrite));
-    tcEmitter source;
+    tcPlainSource source;
     const tcReceived received(&source);
     tcWorkerLink link;
     link.setSource(0, &source);

@@ -3,6 +3,7 @@
 #include "sources/tcPicoTC08Source.h"
 #include "sources/tcTC08Ops.h"
 #include "tests/sources/tcCaughtLog.h"
+#include "tests/sources/tcPlainSource.h"
 #include "tests/sources/tcReceived.h"
 
 #include <QFileInfo>
@@ -10,21 +11,6 @@
 #include <QtTest>
 
 #include <memory>
-
-namespace
-{
-
-class tcEmitter : public tcDataSource
-{
-public:
-    QStringList availableChannels() override { return {}; }
-    QString displayName() override { return {}; }
-    QString typeName() override { return {}; }
-    void start() override { }
-    void stop() override { }
-};
-
-} // namespace
 
 class tst_TC08Ops : public QObject
 {
@@ -165,7 +151,7 @@ void tst_TC08Ops::anyOtherHandleIsTaken()
     QFETCH(int, handle);
     const tcCaughtLog log;
     tc08sim_command(qPrintable(QString("open=%1 value3=50").arg(handle)));
-    tcEmitter source;
+    tcPlainSource source;
     const tcReceived received(&source);
     const tcTC08Ops ops(library());
     ops.worker()->link().setSource(3, &source);
