@@ -2,20 +2,17 @@
 #include "stripchart/tcStripChart.h"
 #include "stripchart/tcStripCurve.h"
 #include "stripchart/tcStripLegend.h"
-#include "tests/support/tcFakeSerial.h"
+#include "tests/app/tcFirstStart.h"
 
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
-#include <QDir>
 #include <QListWidget>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSettings>
-#include <QStandardPaths>
 #include <QTabWidget>
 #include <QTemporaryFile>
 #include <QTest>
@@ -49,13 +46,11 @@ private Q_SLOTS:
     void everyMenuEntryHasAName();
 
 private:
-    void writeSettings(const QString& acCamera, bool abAdvanced) const;
     void openWindow();
     QWidget* visible(const QString& acName) const;
     tcStripChart* openChart(int anSensors);
     static void toCheckEachTab(QWidget& arWindow);
 
-    tcFakeSerial& mFake = tcFakeSerial::instance();
     std::unique_ptr<tcMainWindow> mWindow;
 };
 
@@ -118,23 +113,12 @@ void tst_Accessible::initTestCase()
 
 void tst_Accessible::init()
 {
-    mFake.reset();
-    mFake.ports = {{"Maker", "Port", 0}};
-    QDir(QStandardPaths::writableLocation(QStandardPaths::ConfigLocation)).removeRecursively();
+    tcFirstStart::prepare();
 }
 
 void tst_Accessible::cleanup()
 {
     mWindow.reset();
-}
-
-void tst_Accessible::writeSettings(const QString& acCamera, bool abAdvanced) const
-{
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::ConfigLocation);
-    QDir().mkpath(folder);
-    QSettings settings(folder + "/tarvik.ini", QSettings::IniFormat);
-    settings.setValue("panel/camera", acCamera);
-    settings.setValue(acCamera + "/advanced", abAdvanced);
 }
 
 void tst_Accessible::openWindow()
@@ -157,7 +141,7 @@ QWidget* tst_Accessible::visible(const QString& acName) const
 /// The chart of the full panel with so many curves; null if it does not come.
 tcStripChart* tst_Accessible::openChart(int anSensors)
 {
-    writeSettings("Vexa-K50", false);
+    tcFirstStart::chooseCamera("Vexa-K50", false);
     openWindow();
     auto* list = qobject_cast<QListWidget*>(visible("sensorsLW"));
     auto* plot = qobject_cast<QPushButton*>(visible("tempsPB"));
@@ -166,14 +150,11 @@ tcStripChart* tst_Accessible::openChart(int anSensors)
     for (int row = 0; row < anSensors; ++row)
         list->item(row)->setCheckState(Qt::Checked);
     plot->click();
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        auto* chart = qobject_cast<tcStripChart*>(window);
-        if (!chart || !chart->isVisible())
-            continue;
-        chart->activateWindow();
-        return QTest::qWaitForWindowActive(chart) ? chart : nullptr;
-    }
-    return nullptr;
+    tcStripChart* chart = tcFirstStart::chartInSight();
+    if (!chart)
+        return nullptr;
+    chart->activateWindow();
+    return QTest::qWaitForWindowActive(chart) ? chart : nullptr;
 }
 
 /// What a tab hides is looked at when the tab is in front.
@@ -233,7 +214,7 @@ void tst_Accessible::cameraPanels()
 {
     QFETCH(QString, camera);
     QFETCH(bool, advanced);
-    writeSettings(camera, advanced);
+    tcFirstStart::chooseCamera(camera, advanced);
     openWindow();
     QCOMPARE(mWindow->findChild<QComboBox*>("cameraCB")->currentText(), camera);
     QVERIFY(focusable(*mWindow).size() >= 8);
@@ -367,7 +348,7 @@ void tst_Accessible::findBarOfAView_data()
 void tst_Accessible::findBarOfAView()
 {
     QFETCH(QString, view);
-    writeSettings("Vexa-K50", false);
+    tcFirstStart::chooseCamera("Vexa-K50", false);
     openWindow();
     QWidget* log = visible(view);
     QVERIFY(log);

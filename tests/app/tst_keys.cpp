@@ -1,21 +1,18 @@
 #include "app/tcMainWindow.h"
 #include "app/tcTranslation.h"
 #include "stripchart/tcStripChart.h"
-#include "tests/support/tcFakeSerial.h"
+#include "tests/app/tcFirstStart.h"
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
-#include <QDir>
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMultiMap>
-#include <QSettings>
 #include <QShortcut>
-#include <QStandardPaths>
 #include <QTabBar>
 #include <QTest>
 #include <QTranslator>
@@ -44,9 +41,7 @@ private Q_SLOTS:
 private:
     static void languages();
     void openWindow(const QString& acLanguage, const QString& acCamera);
-    static tcStripChart* chartInSight();
 
-    tcFakeSerial& mFake = tcFakeSerial::instance();
     std::unique_ptr<tcMainWindow> mWindow;
 };
 
@@ -166,9 +161,7 @@ void tst_Keys::initTestCase()
 
 void tst_Keys::init()
 {
-    mFake.reset();
-    mFake.ports = {{"Maker", "Port", 0}};
-    QDir(QStandardPaths::writableLocation(QStandardPaths::ConfigLocation)).removeRecursively();
+    tcFirstStart::prepare();
 }
 
 void tst_Keys::cleanup()
@@ -188,28 +181,12 @@ void tst_Keys::languages()
 
 void tst_Keys::openWindow(const QString& acLanguage, const QString& acCamera)
 {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::ConfigLocation);
-    QDir().mkpath(folder);
-    {
-        QSettings settings(folder + "/tarvik.ini", QSettings::IniFormat);
-        settings.setValue("panel/camera", acCamera);
-        settings.setValue(acCamera + "/advanced", true);
-    }
+    tcFirstStart::chooseCamera(acCamera, true);
     tcTranslation::install(acLanguage);
     mWindow = std::make_unique<tcMainWindow>();
     mWindow->show();
     QCOMPARE(mWindow->menuBar()->actions().first()->text(),
              QString(acLanguage.isEmpty() ? "File" : "Datei"));
-}
-
-tcStripChart* tst_Keys::chartInSight()
-{
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        auto* chart = qobject_cast<tcStripChart*>(window);
-        if (chart && chart->isVisible())
-            return chart;
-    }
-    return nullptr;
 }
 
 void tst_Keys::theCheckFindsWhatIsWrong()
@@ -279,7 +256,7 @@ void tst_Keys::chart()
         if (plot->isVisible())
             plot->click();
     }
-    tcStripChart* chart = chartInSight();
+    tcStripChart* chart = tcFirstStart::chartInSight();
     QVERIFY(chart);
     QCOMPARE(givenTwice(keysOf(*chart)), QString());
     checkMenu(*chart->plotMenu({10, 10}));
